@@ -1,0 +1,6 @@
+// Radios, autopilot modes and targets: `nav`. The radio and autopilot steps fill it.
+#pragma once
+
+struct nav_struct {
+	float baro_setting_HG;   // altimeter setting, inches of mercury
+};

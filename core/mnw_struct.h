@@ -1,0 +1,48 @@
+// Window, input, clock and mode state: `mnw`. The menu tables and the raw mouse and
+// joystick fields belong to the window and joystick code; these are what others read.
+#pragma once
+#include "core/HL_LIMITS.h"
+
+struct mnw_struct {
+	// Window and screen geometry; drawing works in a 1024 x 768 virtual screen.
+	int window, top_win, menu_up;
+	int win_x, win_y, win_dx, win_dy, x_res_now, y_res_now;
+	float x_off, y_off, xy_scale;
+	int x1_pix, y1_pix, x2_pix, y2_pix;
+
+	// Input of this pass.
+	int mx, my;
+	int mouse_clicked, mouse_double_clicked, mouse_lifted, now_dragging, delay_dragging;
+	int mouse_wheel, key_hit, key_pressed;
+	float m_move_time, m_down_time;
+	int any_key_is_down, fire_key_is_down;
+
+	float YK_ptch, YK_roll, YK_hdng;   // pilot's yoke, -1..1
+	float AS_ptch, AS_roll, AS_hdng;   // artificial-stability output
+	float axis[axis_max];
+	int assigned[axis_max];
+	float damp_rat[3];
+
+	// Modes.
+	int paused, replay_mode, framerateOK, cyc_out, track_cpu, track_net;
+	float prd_FM, prd_UI, rt_rat_FM, rt_rat_UI, prd_max;
+
+	// Clocks (s).
+	float real_time;        // since the first pass, never stops
+	float totl_time;        // simulated, stops when not flying
+	float miss_time;        // simulated, since this flight began
+	float zulu_time, locl_time;
+	float timr_time;
+	int timer_running;
+	float hobs_time;
+	int first_miss_cycle;
+	int use_sys_time;
+	float sys_offset_hours;
+	int locl_date_jan1;
+	float pulse_alpha;
+
+	// Timer flags: set for the one pass in which their period comes round.
+	int puff01, puff02, puff05, puff1, puff2, puff5, puff10, puff20, puff40;
+
+	float dis_travelled;
+};
