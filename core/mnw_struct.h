@@ -45,4 +45,11 @@ struct mnw_struct {
 	int puff01, puff02, puff05, puff1, puff2, puff5, puff10, puff20, puff40;
 
 	float dis_travelled;
+
+	// Start-up requests and interface state.
+	int x_res_req, y_res_req, col_res_req, set_res_req, tex_res, lang, keylist_up;
+	char key[97];                  // key map, one character a command
+	int start_qfl, eq_FLradios, radio_chatter_on;
+	int cursor_type, entry_field;
+	char typed[64];                // characters typed this pass
 };

@@ -1,6 +1,10 @@
 // Network state: `net`. The UDP step fills it.
 #pragma once
 
+constexpr int net_slot_max = 40;   // network address slots
+
 struct inet_struct {
-	int socket_open;
+	int use_ip[net_slot_max];
+	int getting_loc_0;                                // a peer sets the pilot's position
+	int getting_ptch, getting_roll, getting_hdng;     // a peer or raw joystick data feeds that axis
 };

@@ -2,7 +2,7 @@
 #pragma once
 
 struct ren_struct {
-	int frame_count;
+	int DL_carr, DL_frig, DL_opla, DL_orig;   // display lists of the ships and platforms
 };
 
 struct scn_struct {

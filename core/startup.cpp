@@ -1,0 +1,191 @@
+// Start-up and shutdown: WinMain, init_sim in its order, MACIBM_init, init_gen and
+// MACIBM_finishup. The main loop itself is in main_loop.cpp.
+#include "core/HL_MAIN.h"
+#include "core/HL_CORE.h"
+#include "core/HL_TYPES.h"
+#include "core/HL_MATH_FUN.h"
+#include "aircraft/HL_ACF.h"
+#include "net/HL_NET.h"
+#include "plugin/HL_PLUGIN.h"
+#include "platform/plat.h"
+#include "render/HL_GRAPH.h"
+#include "replay/HL_REPLAY.h"
+#include "ui/HL_UI.h"
+#include "world/HL_WORLD.h"
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+
+int g_done = 0;
+int have_done_first_update = 0;
+std::string app_path, gen_path, res_path, afl_path, wpn_path, acf_path, sit_path, mov_path,
+	log_path, fms_path, snd_path, bmp_path, cus_path, agn_path, ean_path, man_path, men_path, txt_path, key_path;
+std::ofstream xer, dat, cyc;
+unsigned char win_gamma[256];
+
+int WinMain()
+{
+	try {
+		plat_catch_signals();
+		init_sim();
+		while (!g_done) MACIBM_event_proc();
+		MACIBM_finishup(1);
+	} catch (const std::exception& e) {
+		if (xer.is_open()) xer << "fatal: " << e.what() << "\n";
+		MACIBM_finishup(0);
+	} catch (...) {
+		if (xer.is_open()) xer << "catch anything else\n";
+		MACIBM_finishup(0);
+	}
+	return 0;
+}
+
+void MACIBM_showinit(const char* text) { plat_showinit(text); }
+
+void init_sim()
+{
+	std::memset(&scn, 0, sizeof scn);
+	std::memset(flt, 0, sizeof flt);
+	g_done = 0;
+	have_done_first_update = 0;
+	MACIBM_init();
+	MACIBM_showinit("Will init gen.");
+	init_gen();
+	MACIBM_showinit("Will init graphics world.");
+	init_world_rendering(0);
+	MACIBM_showinit("Will init graphics world.");
+	init_world_rendering(2);
+	MACIBM_showinit("Will init graphics world.");
+	init_world_rendering(1);
+	MACIBM_showinit("Will init hardware out.");
+	init_hardware_out();
+	MACIBM_showinit("Will read logbook.");
+	logbook_read();
+	MACIBM_showinit("Will load your plane.");
+	load_plane(0);
+	MACIBM_showinit("Will read nav data.");
+	read_planet_nav();
+	MACIBM_showinit("Will init flight 0.");
+	init_flt_0(stg.start_ramp ? 600 : 608, 601);
+	for (int p = 1; p < NBPGetNumberPlanesToHandle(stg.numacf, 1) && p < acf_max; p++) {
+		get_random_plane(p);
+		init_flt_p_other_ai(p);
+	}
+	for (int s = 0; s < net_slot_max; s++)
+		if (net.use_ip[s]) { NET_re_init(); break; }
+	ren.DL_carr = build_a_carr();
+	ren.DL_frig = build_a_frig();
+	ren.DL_opla = build_a_opla();
+	ren.DL_orig = build_a_orig();
+	if (net.use_ip[17]) { mnw.top_win = 19; cloud_update_vars(); }
+	if (mnw.start_qfl) { mnw.top_win = 9; cloud_update_vars(); }
+}
+
+static void open_log(std::ofstream& s, const std::string& name)
+{
+	s.open(app_path + name, std::ios::out | std::ios::trunc);
+	s.precision(4);
+}
+
+void MACIBM_init()
+{
+	zero_all_records();
+	init_tables();
+	// Seed the process's own generator from the clock, drawing a clock-dependent number of times.
+	unsigned seed = (unsigned)(time_sec() * 1000.0f);
+	std::srand(seed);
+	for (unsigned n = 0; n < seed % 100; n++) std::rand();
+
+	app_path = plat_program_folder();
+	open_log(xer, "Error.out");
+	open_log(dat, "Data.out");
+	open_log(cyc, "Nimbara.out");
+
+	gen_path = "Resources:Preferences:Nimbasys 7 Nimbara.prf";
+	res_path = "Resources:Preferences:Nimbasys 7 Resolution.prf";
+	afl_path = "Airfoils:";
+	wpn_path = "Weapons:";
+	acf_path = "Aircraft:";
+	sit_path = "Output:situations:";
+	mov_path = "Output:movies:";
+	log_path = "Output:logbooks:";
+	fms_path = "Output:FMS plans:";
+	snd_path = "Resources:sounds:";
+	bmp_path = "Resources:bitmaps:";
+	cus_path = "Custom Scenery:";
+	agn_path = "Custom Scenery:AutoGen:";
+	ean_path = "Resources:Earth nav data:";
+	man_path = "Resources:Mars nav data:";
+	men_path = "Resources:menus:";
+	txt_path = "Resources:text:";
+	key_path = "Instructions:keys:";
+	THREAD_Init();
+
+	init_con();
+	set_planet_specs(0);
+	for (int n = 0; n < 256; n++) win_gamma[n] = (unsigned char)std::lround(255.0 * std::pow(n / 255.0, 0.8181818));
+
+	mnw.x_res_req = 1024;
+	mnw.y_res_req = 768;
+	mnw.col_res_req = 32;
+	mnw.set_res_req = 1;
+	mnw.tex_res = 3;
+	mnw.lang = -1;
+	mnw.keylist_up = 1;
+	mnw.prd_FM = 0.02f;
+	mnw.prd_UI = 0.02f;
+	mnw.top_win = -1;
+	handle_prefs(0, 6, res_path.c_str());
+	mnw.x_res_now = mnw.x_res_req;
+	mnw.y_res_now = mnw.y_res_req;
+	// The 1024 x 768 virtual screen inside the real one.
+	mnw.xy_scale = fltmin2(1.0f, fltmin2(mnw.x_res_now / 1024.0f, mnw.y_res_now / 768.0f));
+	mnw.x_off = 0.5f * (mnw.x_res_now / mnw.xy_scale - 1024.0f);
+	mnw.y_off = mnw.y_res_now / mnw.xy_scale - 768.0f;
+	mnw.x1_pix = 0; mnw.y1_pix = 0;
+	mnw.x2_pix = mnw.x_res_now; mnw.y2_pix = mnw.y_res_now;
+	if (!MACIBM_setres(1) || !MACIBM_getcontext()) {
+		handle_prefs(0, 7, res_path.c_str());
+		throw std::runtime_error("I could not set up the graphics for Nimbara! I hope your monitor is at 1024x768 or higher! It must be!");
+	}
+	mnw.first_miss_cycle = 1;
+}
+
+void init_gen()
+{
+	// Defaults that the preferences may overwrite.
+	std::snprintf(stg.def_apt_idst, sizeof stg.def_apt_idst, "%s", "KSBD");
+	set_planet_specs(0);
+	mnw.locl_date_jan1 = 90;
+	mnw.locl_time = 10.0f * 3600.0f;
+	mnw.zulu_time = mnw.locl_time + 8.0f * 3600.0f;
+	mnw.assigned[2] = mnw.assigned[1] = mnw.assigned[4] = 1;   // roll, pitch, throttle
+	mnw.radio_chatter_on = 1;
+	stg.text_out = stg.warn_bb = stg.draw_g_load = 1;
+	stg.numacf = 1;
+	stg.drawboats = stg.drawobjects = stg.drawfires = 1;
+	stg.auto_coord_helos = 1;
+	stg.tran_ID = 1200;
+	rel.real_MTBF_hours = 1000.0f;
+}
+
+void MACIBM_finishup(int is_normal_exit)
+{
+	THREAD_Cleanup();
+	MOV_close();
+	if (is_normal_exit) {
+		handle_prefs(0, 7, res_path.c_str());
+		handle_prefs(1, 7, gen_path.c_str());
+		NBPShutdownPlugins();
+		close_hardware_out(1);
+	}
+	MACIBM_setres(0);
+	NET_close();
+	JOY_close();
+	SOUND_close();
+	if (xer.is_open()) xer << (is_normal_exit ? "Normal exit.\n" : "Abnormal exit.\n");
+	xer.close();
+	cyc.close();
+	dat.close();
+}

@@ -1,0 +1,55 @@
+// The flight step: choice of update per aircraft, pilot input, the two sub-steps of
+// forces and integration, the force accumulators and the derived air data.
+#pragma once
+
+void PLANE_math_in_flight(int p);
+void update_with_fullsim1(int p);
+void update_with_fullsim2(int p);
+void set_vel_flight(int i);
+void update_derived_flt(int p);   // air data, path angles and cached trigonometry after a sub-step
+void WORLD_math_in_flight();
+
+// Force accumulators of aircraft 0's sub-step, aircraft axes (x right, y up, z aft).
+// Arms: axial (y, x); side (y, z); normal (x, z).
+void addFaero(float drag, float side, float lift, float x, float y, float z, int en, int el);
+void addFaero_BOMB(float drag, float side, float lift, float x, float y, float z,
+                   float sin_alph, float cos_alph, float sin_beta, float cos_beta,
+                   float* fside, float* fnrml, float* faxil, float* L, float* M, float* N);
+void addFaprop(int p, float F, float arm1, float arm2);
+void addFsprop(int p, float F, float arm1, float arm2);
+void addFnprop(int p, float F, float arm1, float arm2);
+void addFagear(int p, float F, float arm1, float arm2);
+void addFsgear(int p, float F, float arm1, float arm2);
+void addFngear(int p, float F, float arm1, float arm2);
+void addFaprop_MOMENT_ONLY(float F, float arm1, float arm2, float* mom1, float* mom2);
+void addFsprop_MOMENT_ONLY(float F, float arm1, float arm2, float* mom1, float* mom2);
+void addFnprop_MOMENT_ONLY(float F, float arm1, float arm2, float* mom1, float* mom2);
+void inc_v(float* vx, float* vy, float* vz, float x, float y, float z);
+void inc_mass_mi(float x, float y, float z, float m, const char* comment);
+
+// Built by later steps (stubs in flight/pending.cpp until then).
+void update_with_AI(int p);
+void update_def_angles(int p);
+void update_autopilot(int p);
+void update_effects(int p);
+void update_gauges(int p);
+void update_failures();
+void attach_weapon(int p, int w);
+void force_weapons();
+void integ_weapons(int p);
+void inc_weapon_masses();
+void do_engines_and_props(int i);
+void do_electrics();
+void do_lines();
+void do_ground_effect();
+void do_lifting_parts();
+void do_bodies_and_drag();
+void do_contact();
+void do_wire_and_catapult();
+void do_tow_wake();
+void do_line_ends();
+void do_gpws();
+void set_thro(int en, float thro);
+void set_ptch(int en, float ptch);
+void auto_set_thro_prop(float in, float* thro, float* prop);
+float tot_volt_avail();

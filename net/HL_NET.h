@@ -1,0 +1,11 @@
+// UDP exchange and cockpit hardware.
+#pragma once
+
+void NET_listen();
+void NET_re_init();
+void NET_close();
+void NET_send_acf(int p);
+void update_with_net(int p);   // moves an aircraft driven from the network   // this aircraft to the peers that take it
+void NET_send_periodic();
+void init_hardware_out();
+void close_hardware_out(int normal);

@@ -1,0 +1,6 @@
+// Plug-in pieces that later steps build. With no manager loaded the simulator
+// handles every aircraft itself.
+#include "plugin/HL_PLUGIN.h"
+
+int NBPGetNumberPlanesToHandle(int inMaxPossible, int) { return inMaxPossible; }
+void NBPShutdownPlugins() {}   // plug-in host: later step

@@ -1,0 +1,11 @@
+// The graphics layer: start-up of the world renderer, the frame, the buffer swap.
+#pragma once
+
+void init_world_rendering(int stage);
+void WORLD_scene_all_cases();
+void OGL_plot_background();
+void OGL_sbuf();
+int build_a_carr();
+int build_a_frig();
+int build_a_opla();
+int build_a_orig();

@@ -1,0 +1,7 @@
+// Replay, logbook and movies.
+#pragma once
+
+void update_with_replay();
+void logbook_read();
+void MOV_close();
+void MOV_addframe();

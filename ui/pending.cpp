@@ -1,0 +1,10 @@
+// Interface pieces that later steps build; until then each does nothing.
+#include "ui/HL_UI.h"
+
+void SOUND_play(int) {}             // sound: later step
+void SOUND_close() {}
+void JOY_close() {}                 // joysticks: later step
+int JOY_function_assigned(int) { return 0; }
+void manage_top_win(int) {}         // settings windows: later step
+int MACIBM_setres(int) { return 1; }   // display mode: later step
+int MACIBM_getcontext() { return 1; }

@@ -1,0 +1,16 @@
+// World pieces that later steps build; until then each does nothing.
+#include "world/HL_WORLD.h"
+#include "core/HL_TYPES.h"
+
+float find_local_y(float, float, float* vx, float* vy, float* vz, int*, int*, int)   // scenery: later step; flat still ground at y 0
+{
+	*vx = *vy = *vz = 0.0f;
+	env.terrain_nrm[0] = 0.0f; env.terrain_nrm[1] = 1.0f; env.terrain_nrm[2] = 0.0f;
+	return 0.0f;
+}
+void check_for_shift(double, double) {}   // region shift: later step
+void load_region(int) {}                  // scenery load: later step
+void read_planet_nav() {}                 // navigation data: later step
+void cloud_update_vars() {}               // weather: later step
+void THREAD_Init() {}                     // worker threads: later step
+void THREAD_Cleanup() {}
