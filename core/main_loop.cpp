@@ -24,6 +24,15 @@ float ot01, ot02, ot05, ot1, ot2, ot5, ot10, ot20, ot40;
 static float first_pass_time = -1.0f;
 static float framerate_check_time = 0.0f;
 
+void reset_loop_state()
+{
+	cntr_FM = cntr_UI = 0;
+	last_time_FM = last_time_UI = 0.0f;
+	ot01 = ot02 = ot05 = ot1 = ot2 = ot5 = ot10 = ot20 = ot40 = 0.0f;
+	first_pass_time = -1.0f;
+	framerate_check_time = 0.0f;
+}
+
 static void timer_flag(int& flag, float& last, float period)
 {
 	if (mnw.real_time - last > period) { flag = 1; last = mnw.real_time; }

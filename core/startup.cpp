@@ -49,6 +49,7 @@ void init_sim()
 	std::memset(flt, 0, sizeof flt);
 	g_done = 0;
 	have_done_first_update = 0;
+	reset_loop_state();
 	MACIBM_init();
 	MACIBM_showinit("Will init gen.");
 	init_gen();
