@@ -9,13 +9,13 @@ setup:
 	@tools/setup.sh
 
 build: setup
-	@cmake -S . -B build/release -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+	@cmake -S . -B build/release -DCMAKE_BUILD_TYPE=RelWithDebInfo -DNIMBARA_TREE=$(CURDIR)/build/Nimbasys >/dev/null
 	@cmake --build build/release -j $(JOBS)
 
 run: build
-	@echo "nimbara: built; the simulator itself is not there yet"
+	@cd build/Nimbasys && ./nimbara
 
-test: setup
+test: build
 	@cmake -S . -B build/asan -DCMAKE_BUILD_TYPE=Debug -DNIMBARA_SANITIZE=ON >/dev/null
 	@cmake --build build/asan -j $(JOBS)
 	@cd build/asan && ctest --output-on-failure -j $(JOBS)

@@ -27,5 +27,4 @@ void MACIBM_event_proc();
 void APPLICATION_update();
 void MACIBM_finishup(int is_normal_exit);
 void profile_chart(const char* loc, int is_last);
-void IBM_handlewin(int msg_type, int a, int b);
 void reset_loop_state();   // counters, timer marks and the first-pass time, for a fresh start

@@ -51,12 +51,6 @@ static void adapt_period(int& cntr, float& last, float& prd, float& rat, float l
 	}
 }
 
-void IBM_handlewin(int msg_type, int, int)
-{
-	if (msg_type == msg_quit) g_done = 1;
-	else if (msg_type == msg_paint && !mnw.paused) have_done_first_update = 1;
-}
-
 void profile_chart(const char* loc, int is_last)
 {
 	static float last = 0.0f, start = 0.0f;

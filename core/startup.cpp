@@ -12,6 +12,8 @@
 #include "replay/HL_REPLAY.h"
 #include "ui/HL_UI.h"
 #include "world/HL_WORLD.h"
+#include "core/files.h"
+#include <stdexcept>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -103,24 +105,24 @@ void MACIBM_init()
 	open_log(dat, "Data.out");
 	open_log(cyc, "Nimbara.out");
 
-	gen_path = "Resources:Preferences:Nimbasys 7 Nimbara.prf";
-	res_path = "Resources:Preferences:Nimbasys 7 Resolution.prf";
-	afl_path = "Airfoils:";
-	wpn_path = "Weapons:";
-	acf_path = "Aircraft:";
-	sit_path = "Output:situations:";
-	mov_path = "Output:movies:";
-	log_path = "Output:logbooks:";
-	fms_path = "Output:FMS plans:";
-	snd_path = "Resources:sounds:";
-	bmp_path = "Resources:bitmaps:";
-	cus_path = "Custom Scenery:";
-	agn_path = "Custom Scenery:AutoGen:";
-	ean_path = "Resources:Earth nav data:";
-	man_path = "Resources:Mars nav data:";
-	men_path = "Resources:menus:";
-	txt_path = "Resources:text:";
-	key_path = "Instructions:keys:";
+	gen_path = app_path + "Resources:Preferences:Nimbasys 7 Nimbara.prf";
+	res_path = app_path + "Resources:Preferences:Nimbasys 7 Resolution.prf";
+	afl_path = app_path + "Airfoils:";
+	wpn_path = app_path + "Weapons:";
+	acf_path = app_path + "Aircraft:";
+	sit_path = app_path + "Output:situations:";
+	mov_path = app_path + "Output:movies:";
+	log_path = app_path + "Output:logbooks:";
+	fms_path = app_path + "Output:FMS plans:";
+	snd_path = app_path + "Resources:sounds:";
+	bmp_path = app_path + "Resources:bitmaps:";
+	cus_path = app_path + "Custom Scenery:";
+	agn_path = app_path + "Custom Scenery:AutoGen:";
+	ean_path = app_path + "Resources:Earth nav data:";
+	man_path = app_path + "Resources:Mars nav data:";
+	men_path = app_path + "Resources:menus:";
+	txt_path = app_path + "Resources:text:";
+	key_path = app_path + "Instructions:keys:";
 	THREAD_Init();
 
 	init_con();
@@ -151,6 +153,12 @@ void MACIBM_init()
 		throw std::runtime_error("I could not set up the graphics for Nimbara! I hope your monitor is at 1024x768 or higher! It must be!");
 	}
 	mnw.first_miss_cycle = 1;
+	std::string iface = bmp_path + "interface.png";
+	set_dir_chars(iface);
+	if (!std::ifstream(iface))
+		throw std::runtime_error("I cannot open the graphics interface file! It seems that you have moved Nimbara out of the Nimbasys folder!");
+	OGL_report_situation();
+	OGL_init_state();
 }
 
 void init_gen()

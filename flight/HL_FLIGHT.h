@@ -35,6 +35,7 @@ void update_effects(int p);
 void update_gauges(int p);
 void update_failures();
 void attach_weapon(int p, int w);
+void stop_fire();
 void force_weapons();
 void integ_weapons(int p);
 void inc_weapon_masses();

@@ -14,6 +14,7 @@ void update_effects(int) {}                  // exhaust, wash and smoke: later s
 void update_gauges(int) {}                   // instrument values and lags: later step
 void update_failures() {}                    // the failure draw: later step
 void attach_weapon(int, int) {}              // weapons: later step
+void stop_fire() {}
 void force_weapons() {}
 void integ_weapons(int) {}
 void inc_weapon_masses() {}

@@ -4,15 +4,25 @@
 #pragma once
 #include <string>
 
-enum plat_msg_type { msg_none = 0, msg_paint, msg_quit };
+// Messages as the window procedure numbers them. A caught SIGINT or SIGTERM arrives
+// as msg_destroy, so it ends the loop through the normal finish.
+enum plat_msg_type {
+	msg_none = 0, msg_create = 1, msg_destroy = 2, msg_paint = 15, msg_keydown = 256, msg_keyup = 257,
+	msg_mousemove = 512, msg_lbuttondown = 513, msg_lbuttonup = 514, msg_rbuttondown = 516,
+	msg_rbuttonup = 517, msg_mousewheel = 522
+};
 
 struct plat_msg {
 	int type;
-	int a, b;
+	int a, b;   // keys: a the virtual-key code; mouse: a, b the window pixel from the top left; wheel: a in 120ths of a notch
 };
 
-int plat_next_msg(plat_msg* m);       // 1 while a message waits; a caught SIGINT/SIGTERM arrives as msg_quit
+int plat_next_msg(plat_msg* m);       // 1 while a message waits
 void plat_swap_buffers();
+int plat_open_window(int width, int height);   // 1 on success
+int plat_make_context();                       // an OpenGL compatibility context; 1 on success
+void plat_close_window();
+int plat_has_gl();                             // 1 once a context is current
 void plat_showinit(const char* text);
 std::string plat_exe_folder();        // with a trailing '/'
 std::string plat_program_folder();    // where the data tree is: the executable's folder unless a backend says otherwise

@@ -47,7 +47,7 @@ int plat_next_msg(plat_msg* m)
 		pumps++;
 	}
 	m->a = m->b = 0;
-	if (plat_stop_requested) { plat_stop_requested = 0; m->type = msg_quit; return 1; }
+	if (plat_stop_requested) { plat_stop_requested = 0; m->type = msg_destroy; return 1; }
 	if (paint_pending && !paint_held) { paint_pending = 0; m->type = msg_paint; return 1; }
 	in_pump = 0;
 	m->type = msg_none;
@@ -59,6 +59,11 @@ void plat_swap_buffers()
 	swaps++;
 	plat_clock_advance(frame_sec);
 }
+
+int plat_open_window(int, int) { return 1; }
+int plat_make_context() { return 1; }
+void plat_close_window() {}
+int plat_has_gl() { return 0; }
 
 void plat_showinit(const char* text) { showinit_lines.emplace_back(text); }
 

@@ -4,3 +4,5 @@
 
 int NBPGetNumberPlanesToHandle(int inMaxPossible, int) { return inMaxPossible; }
 void NBPShutdownPlugins() {}   // plug-in host: later step
+int NBPKeyPressHook(int, int) { return 1; }      // plug-in hooks: later step
+int NBPMouseClickHook(int, int, int) { return 1; }

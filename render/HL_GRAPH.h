@@ -9,3 +9,5 @@ int build_a_carr();
 int build_a_frig();
 int build_a_opla();
 int build_a_orig();
+void OGL_report_situation();   // the OpenGL report at the head of Error.out
+void OGL_init_state();         // the fixed OpenGL state set once at start

@@ -1,9 +1,15 @@
 // Drawing pieces that later steps build; until then each does nothing.
 #include "render/HL_GRAPH.h"
 #include "platform/plat.h"
+#include <GL/gl.h>
 
 void init_world_rendering(int) {}   // world renderer: later step
-void WORLD_scene_all_cases() {}     // the frame: later step
+void WORLD_scene_all_cases()        // the frame: later step; until then a plain sky
+{
+	if (!plat_has_gl()) return;
+	glClearColor(0.45f, 0.62f, 0.85f, 1.0f);
+	glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+}
 void OGL_plot_background() {}       // settings-window background: later step
 int build_a_carr() { return 0; }    // ship display lists: later step
 int build_a_frig() { return 0; }

@@ -6,5 +6,6 @@ void SOUND_close() {}
 void JOY_close() {}                 // joysticks: later step
 int JOY_function_assigned(int) { return 0; }
 void manage_top_win(int) {}         // settings windows: later step
-int MACIBM_setres(int) { return 1; }   // display mode: later step
-int MACIBM_getcontext() { return 1; }
+void MACIBM_handlekey(int) {}                 // key commands: later step
+void MACIBM_handleclick(int) {}               // menus and window clicks: later step
+void MACIBM_startwind(int, const char*) {}    // window switch: later step

@@ -14,9 +14,16 @@ namespace {
 struct Headless : ::testing::Test {
 	std::string tree = std::string(NIMBARA_TEST_TREE) + "/" +
 	                   ::testing::UnitTest::GetInstance()->current_test_info()->name() + "/";
-	void boot(double frame_sec, int hold_paint)
+	// A tree of the test's own, with the built data tree's resources.
+	void make_tree()
 	{
 		std::filesystem::create_directories(tree);
+		std::filesystem::copy(std::string(NIMBARA_DATA_TREE) + "/Resources", tree + "Resources",
+		                      std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
+	}
+	void boot(double frame_sec, int hold_paint)
+	{
+		make_tree();
 		HEADLESS_setup(frame_sec, hold_paint, tree.c_str());
 		init_sim();
 	}
@@ -126,6 +133,18 @@ TEST_F(Headless, TimerFlagsFireAtTheirPeriods)
 	MACIBM_finishup(1);
 }
 
+TEST_F(Headless, AMissingInterfaceSheetIsFatalAndReported)
+{
+	make_tree();
+	std::filesystem::remove(tree + "Resources/bitmaps/interface.png");
+	HEADLESS_setup(0.02, 0, tree.c_str());
+	EXPECT_EQ(WinMain(), 0);
+	EXPECT_EQ(HEADLESS_num_swaps(), 0);
+	std::string err = read("Error.out");
+	EXPECT_NE(err.find("I cannot open the graphics interface file!"), std::string::npos);
+	EXPECT_NE(err.find("Abnormal exit."), std::string::npos);
+}
+
 TEST_F(Headless, ALongRunStaysFinite)
 {
 	boot(0.05, 0);
@@ -150,7 +169,7 @@ void terminate_at_pass_50(int pump)
 
 TEST_F(Headless, SigtermEndsTheLoopThroughTheNormalFinish)
 {
-	std::filesystem::create_directories(tree);
+	make_tree();
 	HEADLESS_setup(0.02, 0, tree.c_str());
 	HEADLESS_on_message_pump(terminate_at_pass_50);
 	EXPECT_EQ(WinMain(), 0);
