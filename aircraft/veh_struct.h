@@ -3,9 +3,12 @@
 // read so far; the aircraft file step gives this record its full file layout.
 #pragma once
 #include "core/HL_LIMITS.h"
+#include "aircraft/airfoil.h"
 
 struct veh_struct {
-	char name[500];
+	char path[500];                // the aircraft file, ':' separated
+	char name[500];                // its file name
+	airfoil_struct afl[afl_part_max];   // airfoils of parts 0..43
 	float Vs_kts;                  // stall speed clean
 	float stall_warn_aoa;          // deg
 

@@ -33,14 +33,19 @@ int WinMain()
 		init_sim();
 		while (!g_done) MACIBM_event_proc();
 		MACIBM_finishup(1);
-	} catch (const std::exception& e) {
-		if (xer.is_open()) xer << "fatal: " << e.what() << "\n";
+		return 0;
+	} catch (const XFatalAlert&) {   // already reported
 		MACIBM_finishup(0);
+		return 1;
+	} catch (const XException& x) {
+		x.ReportAndQuit();
+		MACIBM_finishup(0);
+		return 1;
 	} catch (...) {
 		if (xer.is_open()) xer << "catch anything else\n";
 		MACIBM_finishup(0);
 	}
-	return 0;
+	return 1;
 }
 
 void MACIBM_showinit(const char* text) { plat_showinit(text); }
@@ -150,13 +155,14 @@ void MACIBM_init()
 	mnw.x2_pix = mnw.x_res_now; mnw.y2_pix = mnw.y_res_now;
 	if (!MACIBM_setres(1) || !MACIBM_getcontext()) {
 		handle_prefs(0, 7, res_path.c_str());
-		throw std::runtime_error("I could not set up the graphics for Nimbara! I hope your monitor is at 1024x768 or higher! It must be!");
+		NB_ALERT("I could not set up the graphics for Nimbara! I hope your monitor is at 1024x768 or higher! It must be!",
+		         "Nimbara needs an OpenGL window of 1024 by 768 or more.", "Check that a display is available to this program,",
+		         "and that its OpenGL driver is installed.", alert_fatal);
 	}
 	mnw.first_miss_cycle = 1;
-	std::string iface = bmp_path + "interface.png";
-	set_dir_chars(iface);
-	if (!std::ifstream(iface))
-		throw std::runtime_error("I cannot open the graphics interface file! It seems that you have moved Nimbara out of the Nimbasys folder!");
+	if (!std::ifstream(ret_host_path(bmp_path + "interface.png")))
+		NB_ALERT("I cannot open the graphics interface file!", "It seems that you have moved Nimbara out of the Nimbasys folder!", "", "",
+		         alert_fatal);
 	OGL_report_situation();
 	OGL_init_state();
 }

@@ -2,6 +2,7 @@
 // buffer swap, start-up text, program folder, signals. One backend is linked at a
 // time: headless (tests and command-line tools) or windowed.
 #pragma once
+#include <cstddef>
 #include <string>
 
 // Messages as the window procedure numbers them. A caught SIGINT or SIGTERM arrives
@@ -27,6 +28,14 @@ void plat_showinit(const char* text);
 std::string plat_exe_folder();        // with a trailing '/'
 std::string plat_program_folder();    // where the data tree is: the executable's folder unless a backend says otherwise
 void plat_catch_signals();            // SIGINT and SIGTERM end the loop through the normal finish
+
+// Files mapped whole, read-only. nullptr: no such file; (unsigned char*)-1: opened but
+// not mapped. A file of zero bytes maps to a valid empty view with *size 0.
+unsigned char* plat_map_file(const char* path, size_t* size);
+void plat_unmap_file(unsigned char* begin, size_t size);
+
+// A plain message box, for alerts before the interface can draw them.
+void plat_message_box(const char* title, const char* text);
 
 // The clock behind time_sec: monotonic, or driven by hand.
 void plat_clock_manual(double t);     // from now on time_sec() reads t

@@ -65,6 +65,8 @@ int plat_make_context() { return 1; }
 void plat_close_window() {}
 int plat_has_gl() { return 0; }
 
+void plat_message_box(const char*, const char*) {}   // headless: the alert is in Error.out
+
 void plat_showinit(const char* text) { showinit_lines.emplace_back(text); }
 
 std::string plat_program_folder() { return folder_override.empty() ? plat_exe_folder() : folder_override; }

@@ -150,6 +150,12 @@ void plat_swap_buffers()
 	if (window && context) SDL_GL_SwapWindow(window);
 }
 
+void plat_message_box(const char* title, const char* text)
+{
+	std::fprintf(stderr, "%s\n%s\n", title, text);
+	SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, title, text, window);
+}
+
 void plat_showinit(const char* text) { std::printf("%s\n", text); std::fflush(stdout); }
 
 std::string plat_program_folder() { return plat_exe_folder(); }

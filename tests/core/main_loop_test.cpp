@@ -138,7 +138,7 @@ TEST_F(Headless, AMissingInterfaceSheetIsFatalAndReported)
 	make_tree();
 	std::filesystem::remove(tree + "Resources/bitmaps/interface.png");
 	HEADLESS_setup(0.02, 0, tree.c_str());
-	EXPECT_EQ(WinMain(), 0);
+	EXPECT_EQ(WinMain(), 1);
 	EXPECT_EQ(HEADLESS_num_swaps(), 0);
 	std::string err = read("Error.out");
 	EXPECT_NE(err.find("I cannot open the graphics interface file!"), std::string::npos);

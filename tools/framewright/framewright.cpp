@@ -1,0 +1,38 @@
+// framewright: the aircraft and airfoil designer on the command line. Runs the
+// simulator's own readers and writers, so what it makes is what the simulator reads.
+#include "tools/framewright/framewright.h"
+#include "core/HL_MATH_FUN.h"
+#include "core/HL_TYPES.h"
+#include "core/files.h"
+#include <cstdio>
+#include <cstring>
+
+static const char* help_text =
+	"framewright: the aircraft and airfoil designer.\n"
+	"\n"
+	"  framewright airfoil gen PARAMS OUT.afl\n"
+	"      Makes an airfoil file from a readable parameter file: one 'name value' a line,\n"
+	"      '#' starts a comment. The names are the airfoil's shape parameters.\n"
+	"  framewright airfoil eval FILE.afl --re RE --alpha A[,A...]\n"
+	"      Prints 'alpha cl cd cm', then a line per angle (degrees), looked up as the\n"
+	"      flight model looks it up, at Reynolds number RE (a plain number: 3000000).\n"
+	"  framewright --help\n";
+
+int main(int argc, char** argv)
+{
+	zero_all_records();
+	init_con();
+	init_tables();
+	set_planet_specs(0);
+	if (argc < 2 || !std::strcmp(argv[1], "--help") || !std::strcmp(argv[1], "-h")) {
+		std::fputs(help_text, argc < 2 ? stderr : stdout);
+		return argc < 2 ? 2 : 0;
+	}
+	try {
+		if (!std::strcmp(argv[1], "airfoil")) return framewright_airfoil(argc - 1, argv + 1);
+	} catch (const XFatalAlert&) {
+		return 1;   // the alert has said why, on standard error
+	}
+	std::fprintf(stderr, "framewright: unknown command '%s'; see framewright --help\n", argv[1]);
+	return 2;
+}

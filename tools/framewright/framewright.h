@@ -1,0 +1,4 @@
+// framewright: the aircraft and airfoil designer on the command line.
+#pragma once
+
+int framewright_airfoil(int argc, char** argv);   // argv[0] is "airfoil"
