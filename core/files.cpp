@@ -123,45 +123,21 @@ template <class T> static T bin_read(std::ifstream& in)
 	return v;
 }
 
-int int_scan(const char* what)
+// A number: raw bytes from a binary stream, formatted extraction from a text one.
+template <class T> static T scan_value(const char* what)
 {
 	std::ifstream& in = inf[inf_use];
-	int v = 0;
-	if (inf_is_bin[inf_use]) v = bin_read<int>(in);
+	T v = 0;
+	if (inf_is_bin[inf_use]) v = bin_read<T>(in);
 	else in >> v;
 	check_scan(what);
 	return v;
 }
 
-unsigned uin_scan(const char* what)
-{
-	std::ifstream& in = inf[inf_use];
-	unsigned v = 0;
-	if (inf_is_bin[inf_use]) v = bin_read<unsigned>(in);
-	else in >> v;
-	check_scan(what);
-	return v;
-}
-
-float flt_scan(const char* what)
-{
-	std::ifstream& in = inf[inf_use];
-	float v = 0.0f;
-	if (inf_is_bin[inf_use]) v = bin_read<float>(in);
-	else in >> v;
-	check_scan(what);
-	return v;
-}
-
-double dob_scan(const char* what)
-{
-	std::ifstream& in = inf[inf_use];
-	double v = 0.0;
-	if (inf_is_bin[inf_use]) v = bin_read<double>(in);
-	else in >> v;
-	check_scan(what);
-	return v;
-}
+int int_scan(const char* what) { return scan_value<int>(what); }
+unsigned uin_scan(const char* what) { return scan_value<unsigned>(what); }
+float flt_scan(const char* what) { return scan_value<float>(what); }
+double dob_scan(const char* what) { return scan_value<double>(what); }
 
 char chr_scan(const char* what)
 {
