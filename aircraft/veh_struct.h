@@ -1,44 +1,46 @@
-// The aircraft as designed: `veh[p]`, loaded from the aircraft file and converted to
-// SI right after reading (m, kg, m/s). Holds the fields the core and the flight step
-// read so far; the aircraft file step gives this record its full file layout.
+// The aircraft as designed: `veh[p]`. Its first part, up to end_of_data, is the
+// aircraft file's image, so no field may move, change width or change order. The
+// fields come from veh_fields.def, the one table that also drives the byte reversal,
+// the readable form and the offset checks below. Loading converts the file's feet,
+// pounds and knots to SI in place (m, kg, N, m/s).
 #pragma once
-#include "core/HL_LIMITS.h"
 #include "aircraft/airfoil.h"
+#include "aircraft/wpn_struct.h"
+#include "core/HL_LIMITS.h"
+#include <cstddef>
+
+template <class T, int a, int b, int c, int d> struct veh_arr { using type = T[a][b][c][d]; };
+template <class T, int a, int b, int c> struct veh_arr<T, a, b, c, 0> { using type = T[a][b][c]; };
+template <class T, int a, int b> struct veh_arr<T, a, b, 0, 0> { using type = T[a][b]; };
+template <class T, int a> struct veh_arr<T, a, 0, 0, 0> { using type = T[a]; };
+template <class T> struct veh_arr<T, 0, 0, 0, 0> { using type = T; };
 
 struct veh_struct {
-	char path[500];                // the aircraft file, ':' separated
-	char name[500];                // its file name
-	airfoil_struct afl[afl_part_max];   // airfoils of parts 0..43
-	float Vs_kts;                  // stall speed clean
-	float stall_warn_aoa;          // deg
-
-	int num_engines;
-	int num_thrustpoints;          // at least num_engines
-	float throt_max_FWD, throt_max_REV;
-	float RSC_redline_PROP, RSC_mingreen_PROP;   // rad/s
-	int engn_type[engn_max];       // 0,1 recip; 2,8 turboprop; 3 electric; 4,5 jet; 6 rocket; 7 tip rocket
-	int prop_type[engn_max];
-	float engn_mass[engn_max];
-	float min_pitch[engn_max], max_pitch[engn_max];   // deg
-
-	int part_eq[part_max];         // part present
-	float Xarm[part_max], Yarm[part_max], Zarm[part_max];   // root position, aircraft axes
-	float Croot[part_max], Ctip[part_max], semilen_SEG[part_max];
-	float dihednow[part_max], sweepnow[part_max];         // deg, moved in flight
-	int sbrkEQ;
-	float blown_flap_min_engag;
-
-	float m_empty, m_fuel_tot, m_jettison, m_max, m_displaced;
-	float Jxx_unitmass, Jyy_unitmass, Jzz_unitmass;   // squared radii of gyration (m^2)
-	int num_tanks;
-	float tank_rat[tank_max];
-	float tank_X[tank_max], tank_Y[tank_max], tank_Z[tank_max];
-	float jett_xyz[3];
-	float mass_shift, mass_shift_dx, mass_shift_dz;
-	float jato_thrust, jato_sfc;
-	float m_displaced_y;
-	float h_eqlbm;                 // height of the centre of gravity on the gear (m)
-	int has_collective, collective_en;
-	int hide_prop_at_90_vect;
-	int auto_rpm_EQ;
+#define VEH_FIELD(t, n, a, b, c, d, u, off) veh_arr<t, a, b, c, d>::type n;
+#include "aircraft/veh_fields.def"
+#undef VEH_FIELD
 };
+
+constexpr int acf_version = 740;
+constexpr size_t acf_image_size = 647096;   // bytes of the record stored in the file
+constexpr size_t acf_file_size = acf_image_size + 5;
+
+static_assert(sizeof(veh_struct) == 3386576, "the aircraft record's size");
+static_assert(offsetof(veh_struct, end_of_data) == acf_image_size, "the stored image ends at end_of_data");
+#define VEH_FIELD(t, n, a, b, c, d, u, off) static_assert(offsetof(veh_struct, n) == (off), "offset of " #n);
+#include "aircraft/veh_fields.def"
+#undef VEH_FIELD
+
+// The table as data, for code that walks the fields.
+enum { vf_int = 0, vf_float = 1, vf_char = 2, vf_other = 3 };
+struct veh_field_info {
+	const char* name;
+	int type;          // vf_*
+	int dims[4];       // outermost first, 0 where there are none
+	const char* unit;  // as the file holds it
+	size_t offset;
+	size_t size;       // bytes of the whole field
+};
+extern const veh_field_info veh_fields[];
+extern const int veh_field_count;
+const veh_field_info* ret_veh_field(const char* name);

@@ -1,5 +1,6 @@
 #include "flight_fixture.h"
 #include <cmath>
+#include <cstring>
 
 TEST_F(BareAircraft, FreeFallMatchesTheSemiImplicitEulerClosedForm)
 {
@@ -103,7 +104,7 @@ TEST_F(BareAircraft, AtRestWithNoMassOrBadStepsEverythingStaysFinite)
 		for (float v : vals) if (!std::isfinite(v)) return false;
 		return std::isfinite(f.dob_x) && std::isfinite(f.dob_y) && std::isfinite(f.dob_lat);
 	};
-	veh[0] = veh_struct{};   // nothing loaded: no mass, no inertia
+	std::memset(&veh[0], 0, sizeof veh[0]);   // nothing loaded: no mass, no inertia
 	flt[0].P = 5.0f;
 	pass();
 	EXPECT_TRUE(all_finite());

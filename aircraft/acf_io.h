@@ -1,0 +1,22 @@
+// The aircraft file: a five-byte header (byte order, version) and the record's image
+// up to end_of_data. Reading, writing, byte reversal and the engine-class tests.
+#pragma once
+#include "aircraft/veh_struct.h"
+
+int IO_acf(int IO_type, int p, int is_batch);
+void rev_bytes_new(veh_struct& v);
+int en_is_prop(int p, int en);
+int en_is_jet(int p, int en);
+int en_is_roc(int p, int en);
+
+// The raw image, without the load's checks: for the designer and the reader alike.
+// acf_read_image fills v only when the file is a whole version-740 aircraft file; on
+// failure it returns 0 and says why in *why.
+int acf_read_image(const char* path, veh_struct& v, const char** why);
+int acf_write_image(const char* path, veh_struct& v, int big_endian);
+
+// Built by later steps: the old-file reader, the load's defaults and checks, the cockpit object.
+int OLD_IO_acf(int p, veh_struct& v);
+void ACF_autoset(int p);
+int ACF_check(int p, int is_batch);
+int build_cockpit_object(const char* path);
