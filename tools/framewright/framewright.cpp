@@ -16,6 +16,12 @@ static const char* help_text =
 	"  framewright airfoil eval FILE.afl --re RE --alpha A[,A...]\n"
 	"      Prints 'alpha cl cd cm', then a line per angle (degrees), looked up as the\n"
 	"      flight model looks it up, at Reynolds number RE (a plain number: 3000000).\n"
+	"  framewright build SRC OUT.acf [--big-endian]\n"
+	"      Writes the binary aircraft file from its readable form (in the other byte\n"
+	"      order with --big-endian). Fields are 'name value' or 'name[i][j] value', in\n"
+	"      feet, pounds, knots and degrees; text in double quotes; '#' comment lines.\n"
+	"  framewright dump IN.acf\n"
+	"      Writes the readable form of an aircraft file to standard output.\n"
 	"  framewright --help\n";
 
 int main(int argc, char** argv)
@@ -30,6 +36,8 @@ int main(int argc, char** argv)
 	}
 	try {
 		if (!std::strcmp(argv[1], "airfoil")) return framewright_airfoil(argc - 1, argv + 1);
+		if (!std::strcmp(argv[1], "build")) return framewright_build(argc - 1, argv + 1);
+		if (!std::strcmp(argv[1], "dump")) return framewright_dump(argc - 1, argv + 1);
 	} catch (const XFatalAlert&) {
 		return 1;   // the alert has said why, on standard error
 	}

@@ -2,3 +2,5 @@
 #pragma once
 
 int framewright_airfoil(int argc, char** argv);   // argv[0] is "airfoil"
+int framewright_build(int argc, char** argv);     // argv[0] is "build"
+int framewright_dump(int argc, char** argv);
