@@ -1,5 +1,5 @@
 // Aircraft loading.
 #pragma once
+#include "aircraft/load_plane.h"
 
-void load_plane(int p);
 void get_random_plane(int p);

@@ -127,15 +127,15 @@ int IO_acf(int IO_type, int p, int is_batch)
 				if (std::fabs(re[1] - re[0]) < 0.01f) { re[0] = 0.0f; re[1] = 99.9f; }
 			}
 		}
+		std::string cockpit = v.path;
+		if (cockpit.size() > 4) cockpit.resize(cockpit.size() - 4);
+		v.cockpit_M = build_cockpit_object((cockpit + "_cockpit.obj").c_str());
+		ACF_autoset(p);
+		ACF_check(p, is_batch);
 	} catch (...) {
 		v = saved;   // a rejected aircraft leaves the loaded one in place
 		throw;
 	}
-	std::string cockpit = v.path;
-	if (cockpit.size() > 4) cockpit.resize(cockpit.size() - 4);
-	v.cockpit_M = build_cockpit_object((cockpit + "_cockpit.obj").c_str());
-	ACF_autoset(p);
-	ACF_check(p, is_batch);
 	return 1;
 }
 

@@ -18,6 +18,7 @@ void init_tables();                 // randrat, lookup_sin, lookup_cos
 // Arithmetic.
 float fltlim(float x, float lo, float hi);
 int intlim(int i, int lo, int hi);
+inline int intmax2(int a, int b) { return a > b ? a : b; }
 float fltmin2(float a, float b);
 float fltmax2(float a, float b);
 float fltmax3(float a, float b, float c);

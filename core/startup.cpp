@@ -71,6 +71,7 @@ void init_sim()
 	MACIBM_showinit("Will read logbook.");
 	logbook_read();
 	MACIBM_showinit("Will load your plane.");
+	str_to_buf(veh[0].path, app_path + stg.def_pln_path);
 	load_plane(0);
 	MACIBM_showinit("Will read nav data.");
 	read_planet_nav();
@@ -171,6 +172,15 @@ void init_gen()
 {
 	// Defaults that the preferences may overwrite.
 	std::snprintf(stg.def_apt_idst, sizeof stg.def_apt_idst, "%s", "KSBD");
+	std::snprintf(stg.def_pln_path, sizeof stg.def_pln_path, "%s", "Aircraft:General Aviation:Wren 180:Wren 180.acf");
+	std::snprintf(stg.def_pln_file, sizeof stg.def_pln_file, "%s", "Wren 180.acf");
+	// The special aircraft: an unpowered glider stands in for the shuttle; the trainer tows;
+	// the airliner refuels and carries.
+	std::snprintf(stg.acf_path_shuttle, 500, "%s", "Aircraft:Gliders:Kestrel 15:Kestrel 15.acf");
+	std::snprintf(stg.acf_path_tow, 500, "%s", "Aircraft:General Aviation:Wren 180:Wren 180.acf");
+	std::snprintf(stg.acf_path_ref_airforce, 500, "%s", "Aircraft:Heavy Metal:Meridian 320:Meridian 320.acf");
+	std::snprintf(stg.acf_path_ref_navy, 500, "%s", "Aircraft:Heavy Metal:Meridian 320:Meridian 320.acf");
+	std::snprintf(stg.acf_path_carry, 500, "%s", "Aircraft:Heavy Metal:Meridian 320:Meridian 320.acf");
 	set_planet_specs(0);
 	mnw.locl_date_jan1 = 90;
 	mnw.locl_time = 10.0f * 3600.0f;

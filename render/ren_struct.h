@@ -10,4 +10,5 @@ struct ren_struct {
 
 struct scn_struct {
 	int num_objects;
+	float vis_scale;   // size of the pilot's aircraft for effects
 };

@@ -52,9 +52,16 @@ struct AircraftFile : ::testing::Test {
 	{
 		std::memset(&v, 0, sizeof v);
 		v.Vne_kts = 150.0f;
+		v.m_empty = 600.0f;
+		v.m_max = 1000.0f;
+		v.h_eqlbm = 2.0f;
 		std::snprintf(v.tailnum, sizeof v.tailnum, "N1234");
 		for (int en : {8, 9}) {
 			v.part_eq[en] = 1;
+			v.els[en] = 2;
+			v.Croot[en] = 3.0f;
+			v.Ctip[en] = 2.0f;
+			v.semilen_SEG[en] = 20.0f;
 			for (auto* s : {v.Rafl0[en], v.Rafl1[en], v.Tafl0[en], v.Tafl1[en]})
 				std::snprintf(s, 40, "NACA 0009 (symmetrical).afl");
 		}

@@ -18,8 +18,9 @@ struct Headless : ::testing::Test {
 	void make_tree()
 	{
 		std::filesystem::create_directories(tree);
-		std::filesystem::copy(std::string(NIMBARA_DATA_TREE) + "/Resources", tree + "Resources",
-		                      std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
+		for (const char* folder : {"Resources", "Aircraft", "Airfoils"})
+			std::filesystem::copy(std::string(NIMBARA_DATA_TREE) + "/" + folder, tree + folder,
+			                      std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
 	}
 	void boot(double frame_sec, int hold_paint)
 	{

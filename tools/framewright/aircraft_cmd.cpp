@@ -3,6 +3,10 @@
 #include "tools/framewright/framewright.h"
 #include "aircraft/acf_io.h"
 #include "aircraft/acf_text.h"
+#include "aircraft/load_plane.h"
+#include "core/HL_MAIN.h"
+#include "core/HL_TYPES.h"
+#include <filesystem>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
@@ -30,4 +34,35 @@ int framewright_dump(int argc, char** argv)
 	if (!acf_read_image(argv[1], record, &why)) { std::fprintf(stderr, "framewright: %s %s\n", argv[1], why); return 1; }
 	acf_write_text(record, std::cout);
 	return std::cout.good() ? 0 : 1;
+}
+
+// The folder that holds the data tree: the nearest one above the file with an Airfoils folder.
+static std::string tree_of(const std::string& file)
+{
+	namespace fs = std::filesystem;
+	std::error_code ec;
+	fs::path p = fs::absolute(file, ec).parent_path();
+	for (fs::path q = p; !q.empty(); q = q.parent_path()) {
+		if (fs::is_directory(q / "Airfoils", ec)) return q.string() + "/";
+		if (q == q.root_path()) break;
+	}
+	return p.string() + "/";
+}
+
+int framewright_check(int argc, char** argv)
+{
+	const int loaded = argc == 3 && !std::strcmp(argv[1], "--loaded");
+	if (argc != 2 && !loaded) { std::fprintf(stderr, "framewright: check [--loaded] FILE.acf\n"); return 2; }
+	const std::string file = std::filesystem::absolute(argv[argc - 1]).string();
+	app_path = tree_of(file);
+	afl_path = app_path + "Airfoils:";
+	acf_path = app_path + "Aircraft:";
+	const char* why = "";
+	if (!acf_read_image(file.c_str(), record, &why)) { std::fprintf(stderr, "framewright: %s %s\n", file.c_str(), why); return 1; }
+	std::snprintf(veh[0].path, sizeof veh[0].path, "%s", file.c_str());
+	// The load runs the same reading, defaults and checks as the simulator; a finding is fatal.
+	if (!load_plane(0)) { std::fprintf(stderr, "framewright: %s could not be loaded\n", file.c_str()); return 1; }
+	if (loaded) acf_write_text(veh[0], std::cout);
+	else std::printf("%s: no findings\n", file.c_str());
+	return 0;
 }

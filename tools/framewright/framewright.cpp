@@ -22,6 +22,11 @@ static const char* help_text =
 	"      feet, pounds, knots and degrees; text in double quotes; '#' comment lines.\n"
 	"  framewright dump IN.acf\n"
 	"      Writes the readable form of an aircraft file to standard output.\n"
+	"  framewright check FILE.acf\n"
+	"      Loads an aircraft as the simulator does and reports the first finding of its\n"
+	"      checks (non-zero exit), or none.\n"
+	"  framewright check --loaded FILE.acf\n"
+	"      The same, then prints the whole loaded record, derived quantities included, in SI.\n"
 	"  framewright --help\n";
 
 int main(int argc, char** argv)
@@ -38,6 +43,7 @@ int main(int argc, char** argv)
 		if (!std::strcmp(argv[1], "airfoil")) return framewright_airfoil(argc - 1, argv + 1);
 		if (!std::strcmp(argv[1], "build")) return framewright_build(argc - 1, argv + 1);
 		if (!std::strcmp(argv[1], "dump")) return framewright_dump(argc - 1, argv + 1);
+		if (!std::strcmp(argv[1], "check")) return framewright_check(argc - 1, argv + 1);
 	} catch (const XFatalAlert&) {
 		return 1;   // the alert has said why, on standard error
 	}
