@@ -103,6 +103,7 @@ int IO_acf(int IO_type, int p, int is_batch)
 		if (inf_open(v.path, ft_acf, 0, 0)) old = OLD_IO_acf(p, loaded);
 		inf[inf_use].close();
 		if (!old) {
+			if (!std::ifstream(ret_host_path(v.path))) return 0;   // no such file: the caller falls back without a word
 			MACIBM_alert(0, "I could not read this aircraft file:", v.path, std::string("The file ") + why + ".", "",
 			             alert_notice, __FILE__, __LINE__);
 			return 0;
