@@ -20,3 +20,4 @@ int OLD_IO_acf(int p, veh_struct& v);
 void ACF_autoset(int p);
 int ACF_check(int p, int is_batch);
 int build_cockpit_object(const char* path);
+int IO_wpn(int IO_type, int p, int w, const char* name, char* scratch, int batch);

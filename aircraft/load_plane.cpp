@@ -8,6 +8,9 @@
 #include "core/files.h"
 #include "plugin/HL_PLUGIN.h"
 #include "world/HL_WORLD.h"
+#include "cockpit/HL_COCKPIT.h"
+#include "render/HL_GRAPH.h"
+#include "ui/HL_UI.h"
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -380,9 +383,18 @@ int load_plane(int p)
 		if (ret_part_alive(p, en) && (en_is_prop(p, en) || v.engn_type[en] == 7)) propeller(p, en);
 	mass_and_inertia(p);
 	slats_downwash_mac(p);
+	for (int w = 0; w < wpn_max; w++)
+		if (v.wpn_name[w][0]) IO_wpn(0, p, w, v.wpn_name[w], C_s, 0);
 	fuel_and_payload(p);
 	if (p == 0) mnw.hobs_time = (float)std::rand() * 1000.0f / 32767.0f * 3600.0f;
+	load_plane_geo(1, 0, 0, p);
+	if (p == 0) load_panel_for_plane();
 	if (v.m_max > 0.0f) scn.vis_scale = v.size_tot * 2.0f / (con.g * v.m_max);
+	if (p == 0) {
+		SOUND_start_stop(0);
+		load_plane_sounds();
+		SOUND_start_stop(1);
+	}
 	NBPEventHook(3, mnw.real_time, 0, p, 0);
 	return got;
 }

@@ -5,3 +5,4 @@ void get_random_plane(int) {}   // other aircraft: later step
 #include "aircraft/acf_io.h"
 int OLD_IO_acf(int, veh_struct&) { return 0; }   // old aircraft files: later step
 int build_cockpit_object(const char*) { return -1; }   // object files: later step
+int IO_wpn(int, int, int, const char*, char*, int) { return 0; }   // weapon files: later step

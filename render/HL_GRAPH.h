@@ -11,3 +11,4 @@ int build_a_opla();
 int build_a_orig();
 void OGL_report_situation();   // the OpenGL report at the head of Error.out
 void OGL_init_state();         // the fixed OpenGL state set once at start
+void load_plane_geo(int build, int a, int b, int p);   // the aircraft's drawing geometry

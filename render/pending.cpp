@@ -16,3 +16,4 @@ int build_a_frig() { return 0; }
 int build_a_opla() { return 0; }
 int build_a_orig() { return 0; }
 void OGL_sbuf() { plat_swap_buffers(); }
+void load_plane_geo(int, int, int, int) {}   // aircraft drawing: later step

@@ -3,6 +3,8 @@
 
 void SOUND_play(int snd);
 void SOUND_close();
+void SOUND_start_stop(int start);
+void load_plane_sounds();   // the sound table of the pilot's aircraft
 void JOY_close();
 int JOY_function_assigned(int fn);   // 1 if any joystick axis carries this function
 void manage_top_win(int top_win);   // the handler of the settings window that is up

@@ -3,6 +3,8 @@
 
 void SOUND_play(int) {}             // sound: later step
 void SOUND_close() {}
+void SOUND_start_stop(int) {}
+void load_plane_sounds() {}
 void JOY_close() {}                 // joysticks: later step
 int JOY_function_assigned(int) { return 0; }
 void manage_top_win(int) {}         // settings windows: later step
