@@ -182,6 +182,7 @@ void init_gen()
 	std::snprintf(stg.acf_path_ref_navy, 500, "%s", "Aircraft:Heavy Metal:Meridian 320:Meridian 320.acf");
 	std::snprintf(stg.acf_path_carry, 500, "%s", "Aircraft:Heavy Metal:Meridian 320:Meridian 320.acf");
 	set_planet_specs(0);
+	init_weather_defaults();
 	mnw.locl_date_jan1 = 90;
 	mnw.locl_time = 10.0f * 3600.0f;
 	mnw.zulu_time = mnw.locl_time + 8.0f * 3600.0f;

@@ -37,6 +37,9 @@ void plat_unmap_file(unsigned char* begin, size_t size);
 // A plain message box, for alerts before the interface can draw them.
 void plat_message_box(const char* title, const char* text);
 
+// The local calendar: seconds since midnight, month 0..11, day of the month 1..31.
+void plat_local_clock(int* sec_of_day, int* month, int* mday);
+
 // The clock behind time_sec: monotonic, or driven by hand.
 void plat_clock_manual(double t);     // from now on time_sec() reads t
 void plat_clock_advance(double dt);

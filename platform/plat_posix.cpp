@@ -2,6 +2,7 @@
 #include "platform/plat.h"
 #include <csignal>
 #include <climits>
+#include <ctime>
 #include <unistd.h>
 
 volatile sig_atomic_t plat_stop_requested = 0;
@@ -26,4 +27,14 @@ std::string plat_exe_folder()
 	std::string s(buf);
 	size_t cut = s.find_last_of("/");
 	return cut == std::string::npos ? "./" : s.substr(0, cut + 1);
+}
+
+void plat_local_clock(int* sec_of_day, int* month, int* mday)
+{
+	time_t now = time(nullptr);
+	struct tm lt;
+	localtime_r(&now, &lt);
+	*sec_of_day = lt.tm_hour * 3600 + lt.tm_min * 60 + lt.tm_sec;
+	*month = lt.tm_mon;
+	*mday = lt.tm_mday;
 }

@@ -6,6 +6,11 @@ struct ren_struct {
 	int tex_clamp_avail, add_env_avail, dis_fog_avail, tex_comp_avail;   // what the OpenGL driver offers
 	int num_tex_units, maxtexdim;
 	float max_iso;
+	// The cloud grid and its shadow, filled by the cloud drawing.
+	float cld_buc00_origin_x, cld_buc00_origin_z;
+	float all_bucs_dx, all_bucs_dh, all_bucs_dz, cld_buc_dx, cld_buc_dz;
+	float shad_x1, shad_z1, shad_dspm, shad_dtpm;
+	int shadow_final_tex;
 };
 
 struct scn_struct {

@@ -5,3 +5,4 @@ void update_with_replay();
 void logbook_read();
 void MOV_close();
 void MOV_addframe();
+void periodic_output();   // the snapshot, data output and motion platform on their timer

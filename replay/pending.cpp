@@ -5,3 +5,4 @@ void update_with_replay() {}   // replay: later step
 void logbook_read() {}         // logbook: later step
 void MOV_close() {}            // movies: later step
 void MOV_addframe() {}
+void periodic_output() {}   // recording and data output: later steps

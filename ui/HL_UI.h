@@ -4,6 +4,8 @@
 void SOUND_play(int snd);
 void SOUND_close();
 void SOUND_start_stop(int start);
+void SOUND_maintain();
+void JOY_get();
 void load_plane_sounds();   // the sound table of the pilot's aircraft
 void JOY_close();
 int JOY_function_assigned(int fn);   // 1 if any joystick axis carries this function

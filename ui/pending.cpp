@@ -4,6 +4,8 @@
 void SOUND_play(int) {}             // sound: later step
 void SOUND_close() {}
 void SOUND_start_stop(int) {}
+void SOUND_maintain() {}
+void JOY_get() {}   // joystick input: later step
 void load_plane_sounds() {}
 void JOY_close() {}                 // joysticks: later step
 int JOY_function_assigned(int) { return 0; }

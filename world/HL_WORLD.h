@@ -5,6 +5,17 @@ void WORLD_math_all_cases();
 float find_standard_rho(int planet, float h);   // kg/m^3 at h metres on the standard day
 float find_temp_cel(float h);                    // standard temperature at h, moved with today's sea level
 float find_current_rho_rat();                    // today's density over the standard day's
+void update_local_air();                         // con.lcl_* at the pilot's aircraft
+void ret_wind_spds_wrl(float x_wrl, float y_wrl, float z_wrl, float* rx, float* ry, float* rz, int init_cycle);
+void get_wind(float h, float* spd_kts, float* dir_mag, float* shr_spd_kts, float* shr_dir_deg, float* turb);
+void assign_wind_tbl(float newpart);
+float ret_min_layer_thick_mtrs(int layer);
+void limit_cloud_typ_rat(int hard_clouds);
+float ret_turb_rat();
+float ret_therm_vy();
+float ret_parcel_rho(int i, int j, int k);   // the cloud map, 0..1
+void update_live_weather();
+void init_weather_defaults();
 void ret_wind_spds_acf(float x, float y, float z, float* vx, float* vy, float* vz, int init_cycle);
 float find_local_y(float x, float z, float* vx, float* vy, float* vz, int* i, int* j, int fullcheck);
 void check_for_shift(double lat, double lon);

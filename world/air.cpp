@@ -1,32 +1,34 @@
-// The air at the aircraft and the air seen by a point of it. Until the weather model
-// exists the air is the planet's standard sea-level air and there is no wind.
+// The air at the aircraft, and the air that a point of the aircraft meets.
 #include "world/HL_WORLD.h"
 #include "core/HL_TYPES.h"
 #include "core/HL_MATH_FUN.h"
 #include "flight/HL_FLIGHT.h"
 #include <cmath>
 
-void WORLD_math_all_cases()
+// Gravity, temperature, density, pressure and speed of sound at the pilot's aircraft.
+void update_local_air()
 {
-	// Ratio of specific heats times the gas constant: air on Earth, carbon dioxide on Mars.
-	const float gamma_R = env.planet == 1 ? 1.29f * 188.92f : 1.4f * con.R;
-	con.lcl_T_cel = con.sl_T_cel;
-	con.lcl_T_cel_total = con.sl_T_cel;
-	con.lcl_P_pas = con.sl_P_pas;
-	con.lcl_r_met = con.sl_r_met;
-	con.lcl_sig = 1.0f;
-	con.lcl_a = std::sqrt(gamma_R * (con.sl_T_cel + 273.15f));
-	// Gravity falls off with the square of the distance from the planet's centre.
-	double r = (double)con.planet_rad + fltmax2((float)flt[0].dob_ele, -0.5f * con.planet_rad);
-	con.lcl_g = r > 0.0 ? (float)(con.planet_mu / (r * r)) : con.g;
+	const flt_struct& f = flt[0];
+	const double r = (double)con.planet_rad + f.dob_y;
+	con.lcl_g = r > 1.0 ? (float)(con.planet_mu / (r * r)) : con.g;
+	const float h = (float)f.dob_ele;
+	con.lcl_T_cel = find_temp_cel(h);
+	const float T = fltmax2(con.lcl_T_cel + 273.15f, 1.0f);
+	con.lcl_r_met = find_standard_rho(env.planet, h) * find_current_rho_rat();
+	con.lcl_P_pas = con.lcl_r_met * con.R * T;
+	con.lcl_sig = con.lcl_r_met / 1.225f;   // the ratio to Earth's sea level, on either planet
+	con.lcl_a = std::sqrt(1.4f * con.R * T);
+	con.lcl_T_cel_total = (1.0f + 0.2f * sqr(f.AV_msc / con.lcl_a)) * T - 273.15f;
 }
 
+// Air relative to a point of aircraft 0 from the translation only, in aircraft axes:
+// the wind there less the aircraft's own velocity. The rotation is the caller's (inc_v).
 void ret_wind_spds_acf(float x, float y, float z, float* vx, float* vy, float* vz, int init_cycle)
 {
 	const flt_struct& f = flt[0];
-	float wx, wy, wz;   // air over the ground less the aircraft's own motion, into aircraft axes
-	wrl_to_any(atm.wind_x_msc - f.vx, atm.wind_y_msc - f.vy, atm.wind_z_msc - f.vz, &wx, &wy, &wz,
-	           f.sin_psi, f.cos_psi, f.sin_the, f.cos_the, f.sin_phi, f.cos_phi);
-	*vx = wx; *vy = wy; *vz = wz;
-	inc_v(vx, vy, vz, x, y, z);
+	float X, Y, Z;
+	any_to_wrl(x, y, z, &X, &Y, &Z, f.sin_psi, f.cos_psi, f.sin_the, f.cos_the, f.sin_phi, f.cos_phi);
+	float wx, wy, wz;
+	ret_wind_spds_wrl((float)f.dob_x + X, (float)f.dob_y + Y, (float)f.dob_z + Z, &wx, &wy, &wz, init_cycle);
+	wrl_to_any(wx - f.vx, wy - f.vy, wz - f.vz, vx, vy, vz, f.sin_psi, f.cos_psi, f.sin_the, f.cos_the, f.sin_phi, f.cos_phi);
 }

@@ -14,3 +14,5 @@ void read_planet_nav() {}                 // navigation data: later step
 void cloud_update_vars() {}               // weather: later step
 void THREAD_Init() {}                     // worker threads: later step
 void THREAD_Cleanup() {}
+float ret_parcel_rho(int, int, int) { return 0.0f; }   // cloud map: later step
+void update_live_weather() {}                         // live weather: later step

@@ -113,7 +113,7 @@ TEST_F(BareAircraft, AnAirshipDisplacingItsOwnWeightFloatsAndRightsItself)
 	quat_to_euler(flt[0].q, &flt[0].psi, &flt[0].the, &flt[0].phi);
 	update_derived_flt(0);
 	pass();
-	const float f = 1000.0f * con.g;
+	const float f = 1000.0f * con.g * con.lcl_sig;
 	const float M = -f * std::sin(20.0f * con.degtorad) * 3.0f;
 	EXPECT_NEAR(flt[0].Qdot, M / (2.0f * 1000.0f) * con.radtodeg, 0.5f);
 	EXPECT_LT(flt[0].Q, 0.0f);

@@ -7,7 +7,7 @@ TEST_F(BareAircraft, FreeFallMatchesTheSemiImplicitEulerClosedForm)
 	for (int planet = 0; planet < 2; planet++) {
 		start(planet);
 		const double g = con.lcl_g, dt = 0.01, y0 = flt[0].dob_y;   // a pass of 0.02 is two steps of 0.01
-		ASSERT_NEAR(g, con.planet_mu / std::pow(con.planet_rad + flt[0].dob_ele, 2), 1e-4);
+		ASSERT_NEAR(g, con.planet_mu / std::pow(con.planet_rad + flt[0].dob_y, 2), 1e-4);   // at the height in the local frame
 		const int steps = 200;
 		for (int n = 0; n < steps / 2; n++) pass();
 		// v_n = -g n dt; y_n = y0 - g dt^2 n (n + 1) / 2: position uses the new velocity.
