@@ -1,0 +1,92 @@
+// nimbara-fly: the simulator without a window, on the command line. Each command runs
+// the same code the flight model uses.
+#include "core/HL_MATH_FUN.h"
+#include "core/HL_TYPES.h"
+#include "core/files.h"
+#include "world/HL_WORLD.h"
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <sstream>
+#include <string>
+#include <vector>
+
+static const char* help_text =
+	"nimbara-fly: the simulator without a window.\n"
+	"\n"
+	"  nimbara-fly atmos --planet earth|mars --alt-ft A[,B...] [--temp-c T] [--baro-inhg P]\n"
+	"      Prints 'alt_ft T_cel P_pas rho_kgm3 a_ms', a line per altitude, for the air the\n"
+	"      flight model would meet there. --temp-c and --baro-inhg set the sea-level\n"
+	"      temperature and pressure of the weather, as the weather settings do.\n"
+	"  nimbara-fly --help\n";
+
+static int parse_float(const char* s, float* v)
+{
+	char* end;
+	*v = std::strtof(s, &end);
+	return *s && !*end && std::isfinite(*v);
+}
+
+static int atmos(int argc, char** argv)
+{
+	int planet = -1;
+	float temp_c = NAN, baro = NAN;
+	std::vector<float> alts;
+	for (int k = 1; k < argc; k++) {
+		const char* o = argv[k];
+		const char* val = k + 1 < argc ? argv[k + 1] : nullptr;
+		if (!val) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o); return 2; }
+		k++;
+		if (!std::strcmp(o, "--planet")) {
+			if (!std::strcmp(val, "earth")) planet = 0;
+			else if (!std::strcmp(val, "mars")) planet = 1;
+			else { std::fprintf(stderr, "nimbara-fly: --planet is earth or mars\n"); return 2; }
+		} else if (!std::strcmp(o, "--alt-ft")) {
+			std::stringstream ss(val);
+			std::string item;
+			while (std::getline(ss, item, ',')) {
+				float a;
+				if (!parse_float(item.c_str(), &a)) { std::fprintf(stderr, "nimbara-fly: bad altitude '%s'\n", item.c_str()); return 2; }
+				alts.push_back(a);
+			}
+		} else if (!std::strcmp(o, "--temp-c")) {
+			if (!parse_float(val, &temp_c) || temp_c < -273.0f || temp_c > 200.0f) { std::fprintf(stderr, "nimbara-fly: bad --temp-c\n"); return 2; }
+		} else if (!std::strcmp(o, "--baro-inhg")) {
+			if (!parse_float(val, &baro) || !(baro > 0.0f) || baro > 100.0f) { std::fprintf(stderr, "nimbara-fly: bad --baro-inhg\n"); return 2; }
+		} else {
+			std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o);
+			return 2;
+		}
+	}
+	if (planet < 0 || alts.empty()) { std::fprintf(stderr, "nimbara-fly: atmos needs --planet and --alt-ft\n"); return 2; }
+	set_planet_specs(planet);
+	if (!std::isnan(temp_c)) con.sl_T_cel = temp_c;
+	if (!std::isnan(baro)) con.sl_P_pas = baro * con.hg_topas;
+	std::printf("alt_ft T_cel P_pas rho_kgm3 a_ms\n");
+	for (float a : alts) {
+		flt[0].dob_ele = flt[0].dob_y = a * con.fttomtrs;
+		update_local_air();
+		std::printf("%g %.2f %.1f %.6f %.2f\n", a, con.lcl_T_cel, con.lcl_P_pas, con.lcl_r_met, con.lcl_a);
+	}
+	return 0;
+}
+
+int main(int argc, char** argv)
+{
+	zero_all_records();
+	init_con();
+	init_tables();
+	set_planet_specs(0);
+	if (argc < 2 || !std::strcmp(argv[1], "--help") || !std::strcmp(argv[1], "-h")) {
+		std::fputs(help_text, argc < 2 ? stderr : stdout);
+		return argc < 2 ? 2 : 0;
+	}
+	try {
+		if (!std::strcmp(argv[1], "atmos")) return atmos(argc - 1, argv + 1);
+	} catch (const XFatalAlert&) {
+		return 1;
+	}
+	std::fprintf(stderr, "nimbara-fly: unknown command '%s'; see nimbara-fly --help\n", argv[1]);
+	return 2;
+}
