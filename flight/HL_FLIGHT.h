@@ -27,6 +27,19 @@ void addFnprop_MOMENT_ONLY(float F, float arm1, float arm2, float* mom1, float* 
 void inc_v(float* vx, float* vy, float* vz, float x, float y, float z);
 void inc_mass_mi(float x, float y, float z, float m, const char* comment);
 
+// Element forces and their coefficients.
+void subsonic_co_lookup(float alpha, float* cl, float* cd, float* cm, int en, int r, int t, int el, int bld);
+void Fco_subsonic(float trat, float drag_div, float Mach, float modcl, float modcd, float modcm, float* cl, float* cd,
+                  float* cm, int en, int el, int bld);
+void Fco_supersonic(float trat, float Mach, float modcl, float modcd, float modcm, float* cl, float* cd, float* cm,
+                    int en, int el, int bld);
+float F_el_force(float modcl, float modcd, float modcm, float* lift, float* drag, float* momt, int en, int el, int bld);
+float ret_ge_hgt_mtrs(int en);
+float control_crat(int p, int en, float el, int type);
+float flap_cl_rat(float def);
+void set_con_eff(int en, int el, int type, float def, float* mod_al, float* mod_cl, float* mod_cd, float* mod_cm,
+                 const char* name, int is_end);
+
 // Built by later steps (stubs in flight/pending.cpp until then).
 void update_with_AI(int p);
 void update_def_angles(int p);

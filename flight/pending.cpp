@@ -3,7 +3,6 @@
 #include "core/HL_TYPES.h"
 
 void update_with_AI(int) {}                  // computer-flown aircraft: later step
-void update_def_angles(int) {}               // control deflections: later step
 void update_autopilot(int p)                 // autopilot: later step; until then the yoke flies directly
 {
 	flt[p].FC_ptch = mnw.YK_ptch;
@@ -11,7 +10,6 @@ void update_autopilot(int p)                 // autopilot: later step; until the
 	flt[p].FC_hdng = mnw.YK_hdng;
 }
 void update_effects(int) {}                  // exhaust, wash and smoke: later step
-void update_gauges(int) {}                   // instrument values and lags: later step
 void update_failures() {}                    // the failure draw: later step
 void attach_weapon(int, int) {}              // weapons: later step
 void stop_fire() {}
@@ -21,8 +19,6 @@ void inc_weapon_masses() {}
 void do_engines_and_props(int) {}            // engines, rockets, propellers: later steps
 void do_electrics() {}
 void do_lines() {}                           // tow, winch and sling lines: later step
-void do_ground_effect() {}                   // lifting parts and their ground effect: later step
-void do_lifting_parts() {}
 void do_bodies_and_drag() {}                 // bodies, gear drag, speedbrake, chute: later step
 void do_contact() {}                         // wheels, skids and water: later step
 void do_wire_and_catapult() {}
@@ -32,4 +28,4 @@ void do_gpws() {}
 void set_thro(int en, float thro) { if (en >= 0 && en < engn_max) flt[0].CONT_thro_ref[en] = thro; }   // throttle rate limit: later step
 void set_ptch(int en, float ptch) { if (en >= 0 && en < engn_max) flt[0].POINT_pitch_deg_ref[en] = ptch; }   // blade pitch: later step
 void auto_set_thro_prop(float in, float* thro, float* prop) { *thro = in; *prop = in; }   // single-lever split: later step
-float tot_volt_avail() { return 0.0f; }      // electrical balance: later step
+float tot_volt_avail() { return 1.0f; }      // electrical balance: later step; a full bus until then
