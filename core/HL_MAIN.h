@@ -7,6 +7,7 @@ extern int g_done;                   // non-zero ends the loop
 extern int have_done_first_update;   // set by the first paint; until then a pass stops after the network
 extern int cntr_FM, cntr_UI;
 extern float last_time_FM, last_time_UI;
+extern float prd_FM_fixed;   // above 0: the flight-model period stays at this, for runners and tests
 extern float ot01, ot02, ot05, ot1, ot2, ot5, ot10, ot20, ot40;
 
 // Paths, ':' separated, built once from the program's folder.

@@ -19,6 +19,7 @@
 
 int cntr_FM = 0, cntr_UI = 0;
 float last_time_FM = 0.0f, last_time_UI = 0.0f;
+float prd_FM_fixed = 0.0f;
 float ot01, ot02, ot05, ot1, ot2, ot5, ot10, ot20, ot40;
 
 static float first_pass_time = -1.0f;
@@ -90,7 +91,8 @@ void MACIBM_event_proc()
 	if (first_pass_time < 0.0f) first_pass_time = now;
 	mnw.real_time = now - first_pass_time;
 
-	if (mnw.top_win == 0) adapt_period(cntr_FM, last_time_FM, mnw.prd_FM, mnw.rt_rat_FM, 0.001f, 0.08f);
+	if (prd_FM_fixed > 0.0f) mnw.prd_FM = prd_FM_fixed;
+	else if (mnw.top_win == 0) adapt_period(cntr_FM, last_time_FM, mnw.prd_FM, mnw.rt_rat_FM, 0.001f, 0.08f);
 	else last_time_FM = mnw.real_time;
 	if (mnw.top_win != 0) adapt_period(cntr_UI, last_time_UI, mnw.prd_UI, mnw.rt_rat_UI, 0.0001f, 9999.9f);
 	else last_time_UI = mnw.real_time;

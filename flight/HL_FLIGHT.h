@@ -1,12 +1,14 @@
 // The flight step: choice of update per aircraft, pilot input, the two sub-steps of
 // forces and integration, the force accumulators and the derived air data.
 #pragma once
+struct flt_struct;
 
 void PLANE_math_in_flight(int p);
 void update_with_fullsim1(int p);
 void update_with_fullsim2(int p);
 void set_vel_flight(int i);
-void update_derived_flt(int p);   // air data, path angles and cached trigonometry after a sub-step
+void update_derived_flt(int p);
+void ret_q_shift(const flt_struct& f, float q[4]);   // rotation from the local frame to the horizon at the aircraft   // air data, path angles and cached trigonometry after a sub-step
 void WORLD_math_in_flight();
 
 // Force accumulators of aircraft 0's sub-step, aircraft axes (x right, y up, z aft).

@@ -14,7 +14,7 @@ static float running_Rdot = 0.0f;   // low-passed yaw acceleration for the stict
 
 // Rotation from the local frame to the horizon at the aircraft, for the vertical speed
 // far from the reference point.
-static void make_q_shift(const flt_struct& f, float q[4])
+void ret_q_shift(const flt_struct& f, float q[4])
 {
 	double lat_ref = ret_lat_ref(), lon_ref = ret_lon_ref();
 	double dlat = dobwrap(f.dob_lat - lat_ref, -90.0, 90.0);
@@ -42,7 +42,7 @@ void update_derived_flt(int p)
 {
 	flt_struct& f = flt[p];
 	float qs[4], ve, vu, vs;
-	make_q_shift(f, qs);
+	ret_q_shift(f, qs);
 	rot_quat(qs, f.vx, f.vy, f.vz, &ve, &vu, &vs);
 	f.V_msc = pythag(f.vx, f.vy, f.vz);
 	f.Qstatic = 0.5f * con.lcl_r_met * f.AV_msc * f.AV_msc;   // last sub-step's airspeed

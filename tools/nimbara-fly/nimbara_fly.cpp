@@ -1,5 +1,6 @@
 // nimbara-fly: the simulator without a window, on the command line. Each command runs
 // the same code the flight model uses.
+#include "tools/nimbara-fly/nimbara_fly.h"
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
 #include "core/files.h"
@@ -19,6 +20,15 @@ static const char* help_text =
 	"      Prints 'alt_ft T_cel P_pas rho_kgm3 a_ms', a line per altitude, for the air the\n"
 	"      flight model would meet there. --temp-c and --baro-inhg set the sea-level\n"
 	"      temperature and pressure of the weather, as the weather settings do.\n"
+	"  nimbara-fly run --aircraft PATH [--lat D --lon D] --alt-ft H (--kias V | --ktas V)\n"
+	"                  [--heading D] [--pitch D] [--seconds S] [--dt S] [--calm] [--throttle R]\n"
+	"                  [--yoke-pitch R] [--yoke-roll R] [--yoke-yaw R] [--flaps R]\n"
+	"                  [--fields a,b,...] [--every N] --csv OUT\n"
+	"      Flies aircraft 0 from an aircraft file inside a data tree, headless, through the\n"
+	"      real start-up and main loop, and writes t and the chosen flight-record fields\n"
+	"      (name or name[i]) each pass, or every N passes. --alt-ft is above sea level;\n"
+	"      --dt fixes the flight-model period; --calm stills the air. Yoke ratios run\n"
+	"      -1..1 (positive: pull, right, right pedal), throttle and flaps 0..1.\n"
 	"  nimbara-fly --help\n";
 
 static int parse_float(const char* s, float* v)
@@ -74,6 +84,13 @@ static int atmos(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+	if (argc >= 2 && !std::strcmp(argv[1], "run")) {   // the start-up sets everything itself
+		try {
+			return fly_run(argc - 1, argv + 1);
+		} catch (const XFatalAlert&) {
+			return 1;
+		}
+	}
 	zero_all_records();
 	init_con();
 	init_tables();
@@ -84,6 +101,7 @@ int main(int argc, char** argv)
 	}
 	try {
 		if (!std::strcmp(argv[1], "atmos")) return atmos(argc - 1, argv + 1);
+		if (!std::strcmp(argv[1], "run")) return fly_run(argc - 1, argv + 1);
 	} catch (const XFatalAlert&) {
 		return 1;
 	}

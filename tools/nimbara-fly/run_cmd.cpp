@@ -1,0 +1,180 @@
+// nimbara-fly run: flies aircraft 0 headless through the real start-up and the real
+// main loop, and writes a CSV of flight-record fields.
+#include "tools/nimbara-fly/nimbara_fly.h"
+#include "aircraft/load_plane.h"
+#include "core/HL_CORE.h"
+#include "core/HL_MAIN.h"
+#include "core/HL_MATH_FUN.h"
+#include "core/HL_TYPES.h"
+#include "core/files.h"
+#include "core/flt_fields.h"
+#include "flight/HL_FLIGHT.h"
+#include "platform/plat_headless.h"
+#include "world/HL_WORLD.h"
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+const char* default_fields =
+	"dob_lat,dob_lon,dob_ele,vx,vy,vz,phi,the,psi,P,Q,R,alpha,AV_msc,v_ind_kts,g_total,l_o_d,lift_path_axis,drag_path_axis,m_total";
+
+struct column { std::string name; const void* addr; int type; };
+
+// The data tree: the nearest folder above the aircraft that holds an Airfoils folder.
+std::string tree_of(const std::string& file)
+{
+	namespace fs = std::filesystem;
+	std::error_code ec;
+	for (fs::path q = fs::absolute(file, ec).parent_path(); !q.empty(); q = q.parent_path()) {
+		if (fs::is_directory(q / "Airfoils", ec) && fs::is_directory(q / "Resources", ec)) return q.string() + "/";
+		if (q == q.root_path()) break;
+	}
+	return "";
+}
+
+int number(const char* s, float* v)
+{
+	char* end;
+	*v = std::strtof(s, &end);
+	return *s && !*end && std::isfinite(*v);
+}
+
+void calm_air()
+{
+	for (int i = 0; i < 3; i++)
+		atm.set_wind_spd_kts[i] = atm.set_shear_spd_kts[i] = atm.set_turb_inc[i] = 0.0f;
+	atm.therm_prt = atm.burst_prob = atm.rate_change = atm.wind_tbl = 0.0f;
+	atm.wind_X_msc = atm.wind_Y_msc = atm.wind_Z_msc = 0.0f;
+}
+
+}  // namespace
+
+int fly_run(int argc, char** argv)
+{
+	std::string aircraft, csv, fields = default_fields;
+	float lat = 34.1f, lon = -117.2f, alt_ft = NAN, kias = NAN, ktas = NAN, heading = 0.0f, pitch = 0.0f;
+	float seconds = 60.0f, dt = 0.02f, throttle = 0.0f, yp = 0.0f, yr = 0.0f, yy = 0.0f, flaps = 0.0f, every_f = 1.0f;
+	int calm = 0;
+	for (int k = 1; k < argc; k++) {
+		const std::string o = argv[k];
+		if (o == "--calm") { calm = 1; continue; }
+		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
+		const char* val = argv[++k];
+		float* target = nullptr;
+		if (o == "--aircraft") aircraft = val;
+		else if (o == "--csv") csv = val;
+		else if (o == "--fields") fields = val;
+		else if (o == "--lat") target = &lat;
+		else if (o == "--lon") target = &lon;
+		else if (o == "--alt-ft") target = &alt_ft;
+		else if (o == "--kias") target = &kias;
+		else if (o == "--ktas") target = &ktas;
+		else if (o == "--heading") target = &heading;
+		else if (o == "--pitch") target = &pitch;
+		else if (o == "--seconds") target = &seconds;
+		else if (o == "--dt") target = &dt;
+		else if (o == "--throttle") target = &throttle;
+		else if (o == "--yoke-pitch") target = &yp;
+		else if (o == "--yoke-roll") target = &yr;
+		else if (o == "--yoke-yaw") target = &yy;
+		else if (o == "--flaps") target = &flaps;
+		else if (o == "--every") target = &every_f;
+		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
+		if (target && !number(val, target)) { std::fprintf(stderr, "nimbara-fly: bad number for %s: '%s'\n", o.c_str(), val); return 2; }
+	}
+	if (aircraft.empty() || csv.empty() || std::isnan(alt_ft) || std::isnan(kias) == std::isnan(ktas)) {
+		std::fprintf(stderr, "nimbara-fly: run needs --aircraft, --alt-ft, one of --kias and --ktas, and --csv\n");
+		return 2;
+	}
+	if (!(dt > 0.0f && dt <= 0.08f)) { std::fprintf(stderr, "nimbara-fly: --dt is above 0 and at most 0.08\n"); return 2; }
+	if (!(seconds >= 0.0f && seconds <= 1e6f) || lat < -90 || lat > 90 || lon < -180 || lon > 180 || every_f < 1.0f) {
+		std::fprintf(stderr, "nimbara-fly: a value is out of range\n");
+		return 2;
+	}
+	const std::string file = std::filesystem::absolute(aircraft).string();
+	const std::string tree = tree_of(file);
+	if (tree.empty()) { std::fprintf(stderr, "nimbara-fly: %s is not inside a data tree\n", file.c_str()); return 1; }
+
+	// The real start-up, headless, in the data tree; then the aircraft asked for.
+	HEADLESS_setup(dt, 0, tree.c_str());
+	prd_FM_fixed = dt;
+	init_sim();
+	init_flt_0(608, 601);
+	str_to_buf(veh[0].path, file);
+	if (!load_plane(0)) { std::fprintf(stderr, "nimbara-fly: could not load %s\n", file.c_str()); return 1; }
+	if (calm) calm_air();
+	for (int& a : mnw.assigned) a = 0;   // the runner holds the controls
+
+	flt_struct& f = flt[0];
+	env.planet = 0;
+	env.lat_sou = (int)std::lround(lat - lat_secs_os[0]);
+	env.lon_wes = (int)std::lround(lon - lon_secs_os[0]);
+	xdob_xyz_with_latlonel(f.dob_x, f.dob_y, f.dob_z, lat, lon, alt_ft * con.fttomtrs);
+	xdob_latlonel_with_xyz(f.dob_lat, f.dob_lon, f.dob_ele, f.dob_x, f.dob_y, f.dob_z);
+	// Heading and pitch are given against the horizon where the aircraft is, which the
+	// flat local frame meets at a small angle away from its reference point.
+	float q_h[4], q_s[4];
+	init_quaternion(fltwrap(heading, 0.0f, 360.0f), fltlim(pitch, -89.0f, 89.0f), 0.0f, q_h);
+	ret_q_shift(f, q_s);
+	q_s[1] = -q_s[1]; q_s[2] = -q_s[2]; q_s[3] = -q_s[3];
+	mul_quat(q_s, q_h, f.q);
+	quat_to_euler(f.q, &f.psi, &f.the, &f.phi);
+	WORLD_math_all_cases();
+	if (calm) calm_air();
+	const float tas = !std::isnan(ktas) ? ktas * con.ktstomsc : kias * con.ktstomsc / std::sqrt(fltmax2(con.lcl_sig, 1e-6f));
+	rot_quat(f.q, 0.0f, 0.0f, -tas, &f.vx, &f.vy, &f.vz);   // flying along the nose, the aircraft's -z
+	update_derived_flt(0);
+	mnw.first_miss_cycle = 0;
+
+	std::vector<column> cols;
+	std::stringstream ss(fields);
+	std::string item;
+	while (std::getline(ss, item, ',')) {
+		int type = 0;
+		const void* addr = ret_flt_address(0, item.c_str(), &type);
+		if (!addr) { std::fprintf(stderr, "nimbara-fly: no field '%s' in the flight record\n", item.c_str()); return 2; }
+		cols.push_back({item, addr, type});
+	}
+	FILE* out = std::fopen(csv.c_str(), "w");
+	if (!out) { std::fprintf(stderr, "nimbara-fly: cannot write %s\n", csv.c_str()); return 1; }
+	std::fprintf(out, "t");
+	for (const column& c : cols) std::fprintf(out, ",%s", c.name.c_str());
+	std::fprintf(out, "\n");
+	const int every = (int)every_f;
+	const long passes = std::lround(seconds / dt);
+	double t = 0.0;
+	for (long n = 0; n <= passes; n++) {
+		if (n % every == 0) {
+			std::fprintf(out, "%.4f", t);
+			for (const column& c : cols) {
+				double v;
+				switch (c.type) {
+				case ff_int: v = *(const int*)c.addr; break;
+				case ff_float: v = *(const float*)c.addr; break;
+				case ff_double: v = *(const double*)c.addr; break;
+				default: v = *(const unsigned char*)c.addr; break;
+				}
+				std::fprintf(out, ",%.9g", v);
+			}
+			std::fprintf(out, "\n");
+		}
+		if (n == passes) break;
+		mnw.YK_ptch = yp; mnw.YK_roll = yr; mnw.YK_hdng = yy;
+		f.flap_rqst = fltlim(flaps, 0.0f, 1.0f);
+		f.sbrk_rqst = 0.0f;   // a glider's speedbrake stays closed unless asked
+		for (int en = 0; en < engn_max; en++) f.CONT_thro_ref[en] = fltlim(throttle, 0.0f, 1.0f);
+		if (calm) calm_air();
+		MACIBM_event_proc();
+		t += dt;
+	}
+	std::fclose(out);
+	MACIBM_finishup(1);
+	return 0;
+}
