@@ -1,6 +1,7 @@
 // framewright: the aircraft and airfoil designer on the command line. Runs the
 // simulator's own readers and writers, so what it makes is what the simulator reads.
 #include "tools/framewright/framewright.h"
+#include "tools/tool_main.h"
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
 #include "core/files.h"
@@ -31,22 +32,7 @@ static const char* help_text =
 
 int main(int argc, char** argv)
 {
-	zero_all_records();
-	init_con();
-	init_tables();
-	set_planet_specs(0);
-	if (argc < 2 || !std::strcmp(argv[1], "--help") || !std::strcmp(argv[1], "-h")) {
-		std::fputs(help_text, argc < 2 ? stderr : stdout);
-		return argc < 2 ? 2 : 0;
-	}
-	try {
-		if (!std::strcmp(argv[1], "airfoil")) return framewright_airfoil(argc - 1, argv + 1);
-		if (!std::strcmp(argv[1], "build")) return framewright_build(argc - 1, argv + 1);
-		if (!std::strcmp(argv[1], "dump")) return framewright_dump(argc - 1, argv + 1);
-		if (!std::strcmp(argv[1], "check")) return framewright_check(argc - 1, argv + 1);
-	} catch (const XFatalAlert&) {
-		return 1;   // the alert has said why, on standard error
-	}
-	std::fprintf(stderr, "framewright: unknown command '%s'; see framewright --help\n", argv[1]);
-	return 2;
+	static const tool_command cmds[] = {{"airfoil", framewright_airfoil}, {"build", framewright_build},
+	                                    {"dump", framewright_dump}, {"check", framewright_check}};
+	return tool_main("framewright", help_text, cmds, 4, argc, argv);
 }

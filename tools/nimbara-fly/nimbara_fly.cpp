@@ -1,6 +1,7 @@
 // nimbara-fly: the simulator without a window, on the command line. Each command runs
 // the same code the flight model uses.
 #include "tools/nimbara-fly/nimbara_fly.h"
+#include "tools/tool_main.h"
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
 #include "core/files.h"
@@ -84,27 +85,6 @@ static int atmos(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-	if (argc >= 2 && !std::strcmp(argv[1], "run")) {   // the start-up sets everything itself
-		try {
-			return fly_run(argc - 1, argv + 1);
-		} catch (const XFatalAlert&) {
-			return 1;
-		}
-	}
-	zero_all_records();
-	init_con();
-	init_tables();
-	set_planet_specs(0);
-	if (argc < 2 || !std::strcmp(argv[1], "--help") || !std::strcmp(argv[1], "-h")) {
-		std::fputs(help_text, argc < 2 ? stderr : stdout);
-		return argc < 2 ? 2 : 0;
-	}
-	try {
-		if (!std::strcmp(argv[1], "atmos")) return atmos(argc - 1, argv + 1);
-		if (!std::strcmp(argv[1], "run")) return fly_run(argc - 1, argv + 1);
-	} catch (const XFatalAlert&) {
-		return 1;
-	}
-	std::fprintf(stderr, "nimbara-fly: unknown command '%s'; see nimbara-fly --help\n", argv[1]);
-	return 2;
+	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}};
+	return tool_main("nimbara-fly", help_text, cmds, 2, argc, argv);
 }
