@@ -42,6 +42,29 @@ float flap_cl_rat(float def);
 void set_con_eff(int en, int el, int type, float def, float* mod_al, float* mod_cl, float* mod_cd, float* mod_cm,
                  const char* name, int is_end);
 
+// Engines, fuel and electrics; the shafts.
+void init_engine_specs(int en, int burn_fuel);
+void do_a_jet(int en);
+void apply_point_thrust(int en, float thrust);
+void do_engines(int i);
+void do_rockets_jato_puffers();
+float get_rocket_thrust(int en);
+float fuelburn_kgpersec(float pow_thr, int en);
+float gen_avail(int en);
+float tot_volt_avail();
+int eng_has_fadec(int p, int en);
+int fadec_is_running(int p, int en);
+void set_thro(int en, float thro);
+void set_prop(int en, float rsc);
+void set_mixt(int en, float mixt);
+void set_ptch(int en, float ptch);
+float set_thro_prop(float flt_dat, int en, int flt_to_prp);
+void auto_set_thro_prop(float lever, float* thro, float* prop);
+void update_fuel_system();
+float get_clutch_trq(int en, float rsc_prop_side);
+void do_all_props();
+void do_a_prop(int en);
+
 // Built by later steps (stubs in flight/pending.cpp until then).
 void update_with_AI(int p);
 void update_def_angles(int p);
@@ -54,7 +77,6 @@ void stop_fire();
 void force_weapons();
 void integ_weapons(int p);
 void inc_weapon_masses();
-void do_engines_and_props(int i);
 void do_electrics();
 void do_lines();
 void do_ground_effect();
@@ -65,7 +87,3 @@ void do_wire_and_catapult();
 void do_tow_wake();
 void do_line_ends();
 void do_gpws();
-void set_thro(int en, float thro);
-void set_ptch(int en, float ptch);
-void auto_set_thro_prop(float in, float* thro, float* prop);
-float tot_volt_avail();

@@ -137,7 +137,9 @@ void set_vel_flight(int i)
 	f.blown_flap_engage_rat = interp(v.blown_flap_min_engag, 0.0f, 1.0f, 1.0f, f.flap_rat, 0);
 	f.lift_fan_total_power = f.pre_rot_total_power = 0.0f;
 
-	do_engines_and_props(i);
+	do_engines(i);
+	do_all_props();
+	do_rockets_jato_puffers();
 	do_electrics();
 	do_lines();
 	do_lifting_parts();

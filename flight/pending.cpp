@@ -16,8 +16,6 @@ void stop_fire() {}
 void force_weapons() {}
 void integ_weapons(int) {}
 void inc_weapon_masses() {}
-void do_engines_and_props(int) {}            // engines, rockets, propellers: later steps
-void do_electrics() {}
 void do_lines() {}                           // tow, winch and sling lines: later step
 void do_bodies_and_drag() {}                 // bodies, gear drag, speedbrake, chute: later step
 void do_contact() {}                         // wheels, skids and water: later step
@@ -25,7 +23,4 @@ void do_wire_and_catapult() {}
 void do_tow_wake() {}
 void do_line_ends() {}
 void do_gpws() {}
-void set_thro(int en, float thro) { if (en >= 0 && en < engn_max) flt[0].CONT_thro_ref[en] = thro; }   // throttle rate limit: later step
-void set_ptch(int en, float ptch) { if (en >= 0 && en < engn_max) flt[0].POINT_pitch_deg_ref[en] = ptch; }   // blade pitch: later step
-void auto_set_thro_prop(float in, float* thro, float* prop) { *thro = in; *prop = in; }   // single-lever split: later step
-float tot_volt_avail() { return 1.0f; }      // electrical balance: later step; a full bus until then
+void do_a_prop(int) {}                       // the blades of propellers and rotors: later step

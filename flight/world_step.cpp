@@ -15,4 +15,5 @@ void WORLD_math_in_flight()
 	mnw.locl_time = fltwrap(mnw.zulu_time + zone_h * 3600.0f - mnw.sys_offset_hours * 3600.0f, 0.0f, 86400.0f);
 	if (mnw.timer_running) mnw.timr_time = fltwrap(mnw.timr_time + dt, 0.0f, 3600.0f);
 	mnw.hobs_time += dt;
+	update_fuel_system();
 }

@@ -6,5 +6,6 @@ constexpr int net_slot_max = 40;   // network address slots
 struct inet_struct {
 	int use_ip[net_slot_max];
 	int getting_loc_0;                                // a peer sets the pilot's position
-	int getting_ptch, getting_roll, getting_hdng;     // a peer or raw joystick data feeds that axis
+	int getting_ptch, getting_roll, getting_hdng;
+	int getting_ff;                                   // a peer feeds the fuel flows     // a peer or raw joystick data feeds that axis
 };

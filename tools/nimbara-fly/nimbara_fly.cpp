@@ -24,12 +24,13 @@ static const char* help_text =
 	"  nimbara-fly run --aircraft PATH [--lat D --lon D] --alt-ft H (--kias V | --ktas V)\n"
 	"                  [--heading D] [--pitch D] [--seconds S] [--dt S] [--calm] [--throttle R]\n"
 	"                  [--yoke-pitch R] [--yoke-roll R] [--yoke-yaw R] [--flaps R]\n"
-	"                  [--fields a,b,...] [--every N] --csv OUT\n"
+	"                  [--mixture R] [--prop R] [--engines-off] [--fields a,b,...] [--every N] --csv OUT\n"
 	"      Flies aircraft 0 from an aircraft file inside a data tree, headless, through the\n"
 	"      real start-up and main loop, and writes t and the chosen flight-record fields\n"
 	"      (name or name[i]) each pass, or every N passes. --alt-ft is above sea level;\n"
 	"      --dt fixes the flight-model period; --calm stills the air. Yoke ratios run\n"
-	"      -1..1 (positive: pull, right, right pedal), throttle and flaps 0..1.\n"
+	"      -1..1 (positive: pull, right, right pedal), throttle, mixture, propeller speed\n"
+	"      and flaps 0..1. Engines start running unless --engines-off.\n"
 	"  nimbara-fly --help\n";
 
 static int parse_float(const char* s, float* v)

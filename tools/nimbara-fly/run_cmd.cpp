@@ -61,10 +61,12 @@ int fly_run(int argc, char** argv)
 	std::string aircraft, csv, fields = default_fields;
 	float lat = 34.1f, lon = -117.2f, alt_ft = NAN, kias = NAN, ktas = NAN, heading = 0.0f, pitch = 0.0f;
 	float seconds = 60.0f, dt = 0.02f, throttle = 0.0f, yp = 0.0f, yr = 0.0f, yy = 0.0f, flaps = 0.0f, every_f = 1.0f;
-	int calm = 0;
+	float mixture = 1.0f, prop = 1.0f;
+	int calm = 0, engines_off = 0;
 	for (int k = 1; k < argc; k++) {
 		const std::string o = argv[k];
 		if (o == "--calm") { calm = 1; continue; }
+		if (o == "--engines-off") { engines_off = 1; continue; }
 		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
 		const char* val = argv[++k];
 		float* target = nullptr;
@@ -85,6 +87,8 @@ int fly_run(int argc, char** argv)
 		else if (o == "--yoke-roll") target = &yr;
 		else if (o == "--yoke-yaw") target = &yy;
 		else if (o == "--flaps") target = &flaps;
+		else if (o == "--mixture") target = &mixture;
+		else if (o == "--prop") target = &prop;
 		else if (o == "--every") target = &every_f;
 		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
 		if (target && !number(val, target)) { std::fprintf(stderr, "nimbara-fly: bad number for %s: '%s'\n", o.c_str(), val); return 2; }
@@ -131,6 +135,7 @@ int fly_run(int argc, char** argv)
 	const float tas = !std::isnan(ktas) ? ktas * con.ktstomsc : kias * con.ktstomsc / std::sqrt(fltmax2(con.lcl_sig, 1e-6f));
 	rot_quat(f.q, 0.0f, 0.0f, -tas, &f.vx, &f.vy, &f.vz);   // flying along the nose, the aircraft's -z
 	update_derived_flt(0);
+	set_engines_for_start(!engines_off, 0);
 	mnw.first_miss_cycle = 0;
 
 	std::vector<column> cols;
@@ -169,7 +174,12 @@ int fly_run(int argc, char** argv)
 		mnw.YK_ptch = yp; mnw.YK_roll = yr; mnw.YK_hdng = yy;
 		f.flap_rqst = fltlim(flaps, 0.0f, 1.0f);
 		f.sbrk_rqst = 0.0f;   // a glider's speedbrake stays closed unless asked
-		for (int en = 0; en < engn_max; en++) f.CONT_thro_ref[en] = fltlim(throttle, 0.0f, 1.0f);
+		const veh_struct& v = veh[0];
+		for (int en = 0; en < engn_max; en++) {
+			set_thro(en, throttle);
+			set_mixt(en, mixture);
+			set_prop(en, v.RSC_mingreen_PROP + fltlim(prop, 0.0f, 1.0f) * (v.RSC_redline_PROP - v.RSC_mingreen_PROP));
+		}
 		if (calm) calm_air();
 		MACIBM_event_proc();
 		t += dt;
