@@ -64,6 +64,7 @@ void update_fuel_system();
 float get_clutch_trq(int en, float rsc_prop_side);
 void do_all_props();
 void do_a_prop(int en);
+float get_dv_total(float dv_total_now, float thrust, float area, float v_thru_disc);
 
 // Built by later steps (stubs in flight/pending.cpp until then).
 void update_with_AI(int p);

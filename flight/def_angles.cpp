@@ -95,6 +95,25 @@ void update_def_angles(int p)
 		if ((v.is_left[en] && f.fail_stat[rel_fc_L_flp] == fail_inop) || (!v.is_left[en] && f.fail_stat[rel_fc_R_flp] == fail_inop)) fl = 0.0f;
 		f.flap_def[en] = fl;
 	}
+	// The collective and the tail rotor's pitch.
+	float coll_rat = 0.0f;
+	for (int en = 0; en < v.num_thrustpoints && en < engn_max; en++)
+		if (v.prop_type[en] == 3)
+			coll_rat = v.max_pitch[en] != v.min_pitch[en] ? fltlim((f.POINT_pitch_deg_ref[en] - v.min_pitch[en]) / (v.max_pitch[en] - v.min_pitch[en]), 0.0f, 1.0f) : 0.5f;
+	for (int en = 0; en < v.num_thrustpoints && en < engn_max; en++) {
+		if (v.prop_type[en] == 5) {   // pedals set the tail rotor's pitch, in the sense of its rotation
+			const float x = v.prop_dir[en] >= 0.0f ? f.FC_hdng : -f.FC_hdng;
+			const float pitch = fltlim(interp(-1.0f, v.min_pitch[en], 1.0f, v.max_pitch[en], x, 0), v.min_pitch[en], v.max_pitch[en]);
+			f.POINT_pitch_deg_ref[en] = f.POINT_pitch_deg_use[en] = pitch + coll_rat * v.tail_with_coll;
+		} else {
+			const float s = std::sin(f.vert_disc_cant_vector[en] * con.degtorad), c = std::cos(f.vert_disc_cant_vector[en] * con.degtorad);
+			f.POINT_pitch_deg_use[en] = f.POINT_pitch_deg_ref[en] - v.diff_coll_with_hdng * f.FC_hdng * c * sgn(v.Xarm[en]) -
+			                            v.diff_coll_with_roll * f.FC_roll * s * sgn(v.Xarm[en]) - v.diff_coll_with_ptch * f.FC_ptch * s * sgn(v.Zarm[en]);
+		}
+		// Until thrust vectoring comes, the disc stands at its built-in cants.
+		f.vert_disc_cant_cyclic[en] = v.vert_cant_init[en] + f.vert_disc_cant_vector[en] + f.cyclic_elev_disc_tilt[en];
+		f.side_disc_cant_cyclic[en] = v.side_cant_init[en] + f.cyclic_ailn_disc_tilt[en];
+	}
 	f.sin_the = std::sin(f.the * con.degtorad); f.cos_the = std::cos(f.the * con.degtorad);
 	f.sin_psi = std::sin(f.psi * con.degtorad); f.cos_psi = std::cos(f.psi * con.degtorad);
 	f.sin_phi = std::sin(f.phi * con.degtorad); f.cos_phi = std::cos(f.phi * con.degtorad);

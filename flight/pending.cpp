@@ -23,4 +23,3 @@ void do_wire_and_catapult() {}
 void do_tow_wake() {}
 void do_line_ends() {}
 void do_gpws() {}
-void do_a_prop(int) {}                       // the blades of propellers and rotors: later step
