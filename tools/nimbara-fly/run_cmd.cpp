@@ -61,12 +61,13 @@ int fly_run(int argc, char** argv)
 	std::string aircraft, csv, fields = default_fields;
 	float lat = 34.1f, lon = -117.2f, alt_ft = NAN, kias = NAN, ktas = NAN, heading = 0.0f, pitch = 0.0f;
 	float seconds = 60.0f, dt = 0.02f, throttle = 0.0f, yp = 0.0f, yr = 0.0f, yy = 0.0f, flaps = 0.0f, every_f = 1.0f;
-	float mixture = 1.0f, prop = 1.0f;
-	int calm = 0, engines_off = 0;
+	float mixture = 1.0f, prop = 1.0f, collective = NAN, cyc_ptch = NAN, cyc_roll = NAN;
+	int calm = 0, engines_off = 0, hold_still = 0;
 	for (int k = 1; k < argc; k++) {
 		const std::string o = argv[k];
 		if (o == "--calm") { calm = 1; continue; }
 		if (o == "--engines-off") { engines_off = 1; continue; }
+		if (o == "--hold-still") { hold_still = 1; continue; }
 		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
 		const char* val = argv[++k];
 		float* target = nullptr;
@@ -89,6 +90,9 @@ int fly_run(int argc, char** argv)
 		else if (o == "--flaps") target = &flaps;
 		else if (o == "--mixture") target = &mixture;
 		else if (o == "--prop") target = &prop;
+		else if (o == "--collective") target = &collective;
+		else if (o == "--cyclic-pitch") target = &cyc_ptch;
+		else if (o == "--cyclic-roll") target = &cyc_roll;
 		else if (o == "--every") target = &every_f;
 		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
 		if (target && !number(val, target)) { std::fprintf(stderr, "nimbara-fly: bad number for %s: '%s'\n", o.c_str(), val); return 2; }
@@ -171,7 +175,9 @@ int fly_run(int argc, char** argv)
 			std::fprintf(out, "\n");
 		}
 		if (n == passes) break;
-		mnw.YK_ptch = yp; mnw.YK_roll = yr; mnw.YK_hdng = yy;
+		mnw.YK_ptch = std::isnan(cyc_ptch) ? yp : cyc_ptch;   // a helicopter's cyclic is its yoke
+		mnw.YK_roll = std::isnan(cyc_roll) ? yr : cyc_roll;
+		mnw.YK_hdng = yy;
 		f.flap_rqst = fltlim(flaps, 0.0f, 1.0f);
 		f.sbrk_rqst = 0.0f;   // a glider's speedbrake stays closed unless asked
 		const veh_struct& v = veh[0];
@@ -179,9 +185,22 @@ int fly_run(int argc, char** argv)
 			set_thro(en, throttle);
 			set_mixt(en, mixture);
 			set_prop(en, v.RSC_mingreen_PROP + fltlim(prop, 0.0f, 1.0f) * (v.RSC_redline_PROP - v.RSC_mingreen_PROP));
+			if (!std::isnan(collective) && v.prop_type[en] == 3)
+				set_ptch(en, v.max_pitch[en] + fltlim(collective, 0.0f, 1.0f) * (v.min_pitch[en] - v.max_pitch[en]));
 		}
 		if (calm) calm_air();
+		const double hx = f.dob_x, hy = f.dob_y, hz = f.dob_z;
+		float hq[4] = {f.q[0], f.q[1], f.q[2], f.q[3]};
 		MACIBM_event_proc();
+		if (hold_still) {   // a test stand: the forces are made, the airframe does not move
+			f.dob_x = hx; f.dob_y = hy; f.dob_z = hz;
+			for (int k = 0; k < 4; k++) f.q[k] = hq[k];
+			quat_to_euler(f.q, &f.psi, &f.the, &f.phi);
+			f.vx = f.vy = f.vz = 0.0f;
+			f.P = f.Q = f.R = f.Prad = f.Qrad = f.Rrad = 0.0f;
+			xdob_latlonel_with_xyz(f.dob_lat, f.dob_lon, f.dob_ele, f.dob_x, f.dob_y, f.dob_z);
+			update_derived_flt(0);
+		}
 		t += dt;
 	}
 	std::fclose(out);
