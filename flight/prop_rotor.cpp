@@ -5,6 +5,7 @@
 #include "flight/HL_FLIGHT.h"
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
+#include "core/failures.h"
 #include "world/HL_WORLD.h"
 #include <cmath>
 
@@ -167,6 +168,15 @@ void do_a_prop(int en)
 			total = total + F;
 			moment_of(c, F, &Lh, &Mh, &Nh);
 			moment_of(pt, shaft, &Ls, &Ms, &Ns);
+			if (el == els - 1) {   // a blade tip in the ground stops the engine
+				float X, Y, Z;
+				any_to_wrl(pt.x, pt.y, pt.z, &X, &Y, &Z, f.sin_psi, f.cos_psi, f.sin_the, f.cos_the, f.sin_phi, f.cos_phi);
+				if (!ret_over_water() && f.dob_y + Y < f.terrain_y_cg) {
+					f.ENGN_tacrad[en] = f.POINT_tac_rad[en] = 0.0f;
+					if (type == 5) f.fail_stat[rel_trotor] = fail_inop;
+					f.fail_stat[rel_engfai0 + en] = fail_inop;
+				}
+			}
 		}
 		f.RING_DVinc[en][el] = get_dv_total(f.RING_DVinc[en][el], ringthrust, v.ringarea[en][el], a_aft);
 	}

@@ -57,6 +57,20 @@ void do_all_props()
 	}
 	auto prop_point = [&](int en) { return ret_part_alive(0, en) && (v.engn_type[en] != 4 && v.engn_type[en] != 5 && v.engn_type[en] != 6); };
 	auto gear_of = [&](int en) { return v.prop_gear_rat[en] != 0.0f ? v.prop_gear_rat[en] : 1.0f; };
+	// Lift fans and pre-rotated rotors take the jets' power, shared evenly.
+	auto fan = [&](int en) { return v.prop_type[en] == 6; };
+	auto prerot = [&](int en) { return v.has_prerotate && (v.prop_type[en] == 3 || v.prop_type[en] == 7); };
+	int n_fan = 0, n_pre = 0;
+	for (int en = 0; en < np; en++) { n_fan += prop_point(en) && fan(en); n_pre += prop_point(en) && prerot(en); }
+	for (int en = 0; en < np; en++) {
+		if (!prop_point(en) || !(fan(en) || prerot(en))) continue;
+		const float power = fan(en) ? f.lift_fan_total_power / fltmax2((float)n_fan, 1.0f) : f.pre_rot_total_power / fltmax2((float)n_pre, 1.0f);
+		const float lim = fltmax2(v.thrust_max * v.lift_fan_rat * 340.0f / fltmax2(v.RSC_redline_ENGN, 1.0f) * 1.5f, 0.0f);
+		f.ENGN_TRQ_nm[en] = fltlim(power / fltmax2(f.POINT_tac_rad[en], 1.0f), -lim, lim);
+		f.ENGN_N1_[en] = 100.0f * f.POINT_tac_rad[en] / fltmax2(v.RSC_redline_ENGN, 1.0f);
+		f.ENGN_power[en] = f.ENGN_TRQ_nm[en] * f.POINT_tac_rad[en];
+		if (fan(en)) driving[en] = f.ENGN_TRQ_nm[en];
+	}
 	if (v.props_linked) {   // one system shaft
 		float omega = f.POINT_tac_rad[0] * gear_of(0), engn = 0.0f, drag = 0.0f, mi = 0.01f;
 		for (int en = 0; en < v.num_engines && en < engn_max; en++)
@@ -74,7 +88,7 @@ void do_all_props()
 		}
 	} else {
 		for (int en = 0; en < np; en++) {
-			if (!prop_point(en) || en >= v.num_engines || v.engn_type[en] == 7) continue;
+			if (!prop_point(en) || fan(en) || en >= v.num_engines || v.engn_type[en] == 7) continue;
 			driving[en] = get_clutch_trq(en, f.POINT_tac_rad[en] * gear_of(en)) * gear_of(en);
 		}
 	}
@@ -88,7 +102,7 @@ void do_all_props()
 			f.N += v.prop_dir[en] * driving[en] * std::cos(side) * std::sin(vert);
 			f.M += v.prop_dir[en] * driving[en] * std::sin(side);
 		}
-		if (en < v.num_engines) f.ENGN_power[en] = f.ENGN_TRQ_nm[en] * f.ENGN_tacrad[en];
+		if (en < v.num_engines && !fan(en) && !prerot(en)) f.ENGN_power[en] = f.ENGN_TRQ_nm[en] * f.ENGN_tacrad[en];
 		do_a_prop(en);
 	}
 }

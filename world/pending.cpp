@@ -16,3 +16,4 @@ void THREAD_Init() {}                     // worker threads: later step
 void THREAD_Cleanup() {}
 float ret_parcel_rho(int, int, int) { return 0.0f; }   // cloud map: later step
 void update_live_weather() {}                         // live weather: later step
+int ret_over_water() { return 0; }                    // surfaces: later step; land everywhere until then
