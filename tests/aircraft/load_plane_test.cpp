@@ -1,4 +1,5 @@
 #include "aircraft/acf_io.h"
+#include "support/fleet.h"
 #include "aircraft/load_plane.h"
 #include "core/HL_MAIN.h"
 #include "core/HL_MATH_FUN.h"
@@ -15,7 +16,6 @@
 
 namespace {
 
-const std::string data_tree = std::string(NIMBARA_DATA_TREE) + "/";
 const char* fleet[] = {"General Aviation:Wren 180:Wren 180.acf", "Gliders:Kestrel 15:Kestrel 15.acf",
                        "Helicopters:Hornet 250:Hornet 250.acf", "Heavy Metal:Meridian 320:Meridian 320.acf"};
 veh_struct base;
@@ -27,13 +27,7 @@ struct Load : ::testing::Test {
 	{
 		std::filesystem::remove_all(dir);
 		std::filesystem::create_directories(dir + "Aircraft/Test");
-		zero_all_records();
-		init_con();
-		init_tables();
-		set_planet_specs(0);
-		app_path = data_tree;
-		afl_path = data_tree + "Airfoils:";
-		acf_path = data_tree + "Aircraft:";
+		fresh_records_in_tree();
 	}
 	int load(int p, const std::string& rel)
 	{

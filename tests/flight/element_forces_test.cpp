@@ -1,4 +1,4 @@
-#include "aircraft/load_plane.h"
+#include "support/fleet.h"
 #include "core/HL_MAIN.h"
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
@@ -11,28 +11,11 @@
 
 namespace {
 
-const std::string tree = std::string(NIMBARA_DATA_TREE) + "/";
-
 // An aircraft of the fleet in level flight at the reference point, in still air.
 struct Forces : ::testing::Test {
 	void fly(const char* rel, float ktas, float alt_m = 1000.0f)
 	{
-		zero_all_records();
-		init_con();
-		init_tables();
-		set_planet_specs(0);
-		app_path = tree;
-		afl_path = tree + "Airfoils:";
-		acf_path = tree + "Aircraft:";
-		init_flt_0(608, 601);
-		std::snprintf(veh[0].path, 500, "%s", (acf_path + rel).c_str());
-		ASSERT_EQ(load_plane(0), 1);
-		flt_struct& f = flt[0];
-		f.dob_y = f.dob_ele = alt_m;
-		f.y_agl_mtr = alt_m;
-		init_quaternion(0, 0, 0, f.q);
-		mnw.prd_FM = 0.02f;
-		WORLD_math_all_cases();
+		ASSERT_EQ(start_fleet_aircraft(rel, alt_m), 1);
 		set_velocity(0.0f, 0.0f, -ktas * con.ktstomsc);
 	}
 	void set_velocity(float x, float y, float z)

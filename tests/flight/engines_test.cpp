@@ -1,4 +1,4 @@
-#include "aircraft/load_plane.h"
+#include "support/fleet.h"
 #include "core/HL_CORE.h"
 #include "core/HL_MAIN.h"
 #include "core/HL_MATH_FUN.h"
@@ -11,29 +11,13 @@
 
 namespace {
 
-const std::string tree = std::string(NIMBARA_DATA_TREE) + "/";
-
 // An aircraft of the fleet with its engines running, held still on a test stand when asked.
 struct Engines : ::testing::Test {
 	int pass_count = 0;
 	void start(const char* rel, float alt_m)
 	{
-		zero_all_records();
-		init_con();
-		init_tables();
-		set_planet_specs(0);
-		app_path = tree;
-		afl_path = tree + "Airfoils:";
-		acf_path = tree + "Aircraft:";
-		init_flt_0(608, 601);
-		std::snprintf(veh[0].path, 500, "%s", (acf_path + rel).c_str());
-		ASSERT_EQ(load_plane(0), 1);
-		flt[0].dob_y = flt[0].dob_ele = alt_m;
+		ASSERT_EQ(start_fleet_aircraft(rel, alt_m), 1);
 		flt[0].y_agl_mtr = 1000.0f;
-		init_quaternion(0, 0, 0, flt[0].q);
-		mnw.prd_FM = 0.02f;
-		WORLD_math_all_cases();
-		update_derived_flt(0);
 		set_engines_for_start(1, 0);
 	}
 	// One pass; on the stand the aircraft is put back where it was, at rest.
