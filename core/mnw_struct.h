@@ -22,6 +22,7 @@ struct mnw_struct {
 	float axis[axis_max];
 	int assigned[axis_max];
 	float damp_rat[3];
+	int eq_ped_wibrk, eq_ped_nobrk;   // pedals with toe brakes; pedals without brakes
 
 	// Modes.
 	int paused, replay_mode, framerateOK, cyc_out, track_cpu, track_net;

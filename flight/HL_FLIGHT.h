@@ -70,6 +70,8 @@ float get_dv_total(float dv_total_now, float thrust, float area, float v_thru_di
 void update_with_AI(int p);
 void update_def_angles(int p);
 void update_autopilot(int p);
+void update_control_laws(int p);
+void touchdown_keys(int reverse);   // the reverse and autopilot-disconnect keys at touchdown
 void update_effects(int p);
 void update_gauges(int p);
 void update_failures();

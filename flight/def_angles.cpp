@@ -14,7 +14,83 @@ static float toward(float v, float target, float step)
 	return v < target ? fltmin2(v + step, target) : fltmax2(v - step, target);
 }
 
-static float sgn(float x) { return x > 0.0f ? 1.0f : x < 0.0f ? -1.0f : 0.0f; }
+static float sgn(float x) { return x < 0.0f ? -1.0f : 1.0f; }
+static int is_jet(int t) { return t == 4 || t == 5; }
+
+static void gear_and_doors(int p, veh_struct& v, flt_struct& f)
+{
+	const float dt = mnw.prd_FM;
+	for (int en = en_gear_lo; en <= en_gear_hi; en++) {
+		if (!v.gear_retract) { v.gear_deploy[en] = 1.0f; continue; }
+		const int stuck = en - en_gear_lo < 5 && f.fail_stat[rel_lagear1 + en - en_gear_lo] == fail_inop;
+		if (!ret_part_alive(p, en) || stuck) continue;
+		const float rate = randrat[(int)(en + mnw.totl_time) % randrat_max] + 0.5f;   // each leg at its own pace
+		const float step = v.gear_cyctim[en] > 0.0f ? dt / v.gear_cyctim[en] * rate : 1.0f;
+		v.gear_deploy[en] = fltlim(v.gear_deploy[en] + (f.gear_handle ? step : -step), 0.0f, 1.0f);
+	}
+	for (int en = en_gear_lo; en <= en_gear_hi; en++) {
+		if (!ret_part_alive(p, en)) continue;
+		const float d = v.gear_deploy[en];
+		v.gear_latN[en] = v.gear_latR[en] + d * (v.gear_latE[en] - v.gear_latR[en]);
+		v.gear_lonN[en] = v.gear_lonR[en] + d * (v.gear_lonE[en] - v.gear_lonR[en]);
+		v.gear_axiN[en] = v.gear_axiR[en] + d * (v.gear_axiE[en] - v.gear_axiR[en]);
+		const float lat = v.gear_latN[en] * con.degtorad, lon = v.gear_lonN[en] * con.degtorad;
+		const float leg = v.gear_leglen[en] - (1.0f - d) * v.strut_comp[en];
+		v.gear_xnodef[en] = v.Xarm[en] + std::sin(lat) * leg * std::cos(lon);
+		v.gear_ynodef[en] = v.Yarm[en] - std::cos(lat) * leg * std::cos(lon) - v.gearstatdef[en] * d * std::cos(v.the_eqlbm * con.degtorad);
+		v.gear_znodef[en] = v.Zarm[en] - std::sin(lon) * leg;
+		const float dx = v.gear_xnodef[en] - v.Xarm[en], dy = v.gear_ynodef[en] - v.Yarm[en], dz = v.gear_znodef[en] - v.Zarm[en];
+		f.gear_psi[en] = std::atan2(dx, -dz) * con.radtodeg;
+		f.gear_the[en] = std::atan2(dy, pythag(dx, dz)) * con.radtodeg;
+		f.gear_phi[en] = 0.0f;
+	}
+	for (int k = 0; k < 10; k++) {   // each door follows the nearest gear
+		if (!v.gear_door_typ[k]) continue;
+		int best = -1;
+		float bd = 1e30f;
+		for (int en = en_gear_lo; en <= en_gear_hi; en++) {
+			if (!ret_part_alive(p, en)) continue;
+			const float dd = sqr(v.Xarm[en] - v.gear_door_loc[k][0]) + sqr(v.Zarm[en] - v.gear_door_loc[k][2]);
+			if (dd < bd) { bd = dd; best = en; }
+		}
+		if (best < 0) continue;
+		const float d = v.gear_deploy[best], r = v.gear_door_ret_ang[k], e = v.gear_door_ext_ang[k];
+		float open = d;
+		if (v.gear_door_typ[k] == 1) open = fltlim(d / 0.2f, 0.0f, 1.0f);
+		if (v.gear_door_typ[k] == 3) open = d < 0.8f ? fltlim(d / 0.2f, 0.0f, 1.0f) : fltlim((1.0f - d) / 0.2f, 0.0f, 1.0f);
+		v.gear_door_ang_now[k] = r + open * (e - r);
+	}
+}
+
+static void thrust_vector(int p, const veh_struct& v, flt_struct& f)
+{
+	auto between = [](float lo, float hi, float r) { return fltlim(lo + r * (hi - lo), fltmin2(lo, hi), fltmax2(lo, hi)); };
+	const float nace_add = between(v.vect_min_nace, v.vect_max_nace, f.vect_rat);
+	const float disc_add = between(v.vect_min_disc, v.vect_max_disc, f.vect_rat);
+	for (int en = 0; en < engn_max; en++) {
+		if (!ret_part_alive(p, en)) continue;
+		const int vec = v.inc_vect[en][0] != 0;
+		f.vert_nace_cant_vector[en] = v.vert_cant_init[en] + (vec ? nace_add : 0.0f);
+		f.vert_disc_cant_vector[en] = v.vert_cant_init[en] + (vec ? disc_add : 0.0f);
+		const float n = f.vert_nace_cant_vector[en] * con.degtorad;   // the thrust point swings with the nacelle
+		f.POINT_XYZ[en][0] = v.Xarm[en];
+		f.POINT_XYZ[en][1] = v.Yarm[en] - v.vectarmZ * std::sin(n) + v.vectarmY * std::cos(n);
+		f.POINT_XYZ[en][2] = v.Zarm[en] + v.vectarmZ * std::cos(n) + v.vectarmY * std::sin(n);
+		float dv = 0.0f, ds = 0.0f;
+		if (v.prop_type[en] != 6) {   // vectoring for control, phased in or out with the disc
+			const float s = std::sin(f.vert_disc_cant_vector[en] * con.degtorad), c = std::cos(f.vert_disc_cant_vector[en] * con.degtorad);
+			const float x = f.POINT_XYZ[en][0], y = f.POINT_XYZ[en][1], z = f.POINT_XYZ[en][2];
+			if (v.phase_ptch_tvect_in_at_00) dv -= v.tvec_ptch * f.FC_ptch * sgn(z) * c;
+			if (v.phase_roll_tvect_in_at_00) dv -= v.tvec_roll * f.FC_roll * sgn(x) * c;
+			if (v.phase_hdng_tvect_in_at_00) ds -= v.tvec_hdng * f.FC_hdng * sgn(z) * c;
+			if (v.phase_ptch_tvect_in_at_90) dv += v.tvec_ptch * f.FC_ptch * sgn(y) * s;
+			if (v.phase_roll_tvect_in_at_90) ds += v.tvec_roll * f.FC_roll * sgn(y) * s;
+			if (v.phase_hdng_tvect_in_at_90) dv += v.tvec_hdng * f.FC_hdng * sgn(x) * s;
+		}
+		f.vert_disc_cant_cyclic[en] = dv + f.vert_disc_cant_vector[en] + f.cyclic_elev_disc_tilt[en];
+		f.side_disc_cant_cyclic[en] = ds + v.side_cant_init[en] + f.cyclic_ailn_disc_tilt[en];
+	}
+}
 
 void update_def_angles(int p)
 {
@@ -22,11 +98,23 @@ void update_def_angles(int p)
 	veh_struct& v = veh[p];
 	flt_struct& f = flt[p];
 	const float dt = mnw.prd_FM;
-	// Throttle opens at a limited rate and closes at once.
+	gear_and_doors(p, v, f);
+	thrust_vector(p, v, f);
 	for (int en = 0; en < v.num_engines && en < engn_max; en++) {
-		const float T = (v.engn_type[en] == 4 || v.engn_type[en] == 5) ? v.throt_time_jet : v.throt_time_prop;
-		const float t = fltlim(f.CONT_thro_ref[en], 0.0f, v.throt_max_FWD);
+		// Differential throttle; then the throttle opens at a limited rate and closes at once.
+		float d = 0.0f;
+		if (!net.getting_thro) {
+			const float s = std::sin(f.vert_disc_cant_vector[en] * con.degtorad), c = std::cos(f.vert_disc_cant_vector[en] * con.degtorad);
+			if (std::fabs(v.Zarm[en]) > 0.01f) d -= v.diff_thro_ptch * f.FC_ptch * sgn(v.Zarm[en]) * s;
+			if (std::fabs(v.Xarm[en]) > 0.01f) {
+				d -= v.diff_thro_roll * f.FC_roll * sgn(v.Xarm[en]) * s;
+				d -= v.diff_thro_hdng * f.FC_hdng * sgn(v.Xarm[en]) * c;
+			}
+		}
+		const float T = is_jet(v.engn_type[en]) ? v.throt_time_jet : v.throt_time_prop;
+		const float t = fltlim(f.CONT_thro_ref[en] + d, 0.0f, v.throt_max_FWD);
 		f.CONT_thro_use[en] = fltmin2(t, f.CONT_thro_use[en] + (T > 0.0f ? dt / T : 1.0f));
+		f.ENGN_burner_rat[en] = fltlim(f.ENGN_burner_rat[en] + (f.ENGN_burner_on[en] ? 0.5f : -0.5f) * dt, 0.0f, 1.0f);
 	}
 	for (int en = en_wing1L; en <= en_pylb_hi; en++) {
 		if (!ret_part_alive(p, en)) continue;
@@ -110,9 +198,6 @@ void update_def_angles(int p)
 			f.POINT_pitch_deg_use[en] = f.POINT_pitch_deg_ref[en] - v.diff_coll_with_hdng * f.FC_hdng * c * sgn(v.Xarm[en]) -
 			                            v.diff_coll_with_roll * f.FC_roll * s * sgn(v.Xarm[en]) - v.diff_coll_with_ptch * f.FC_ptch * s * sgn(v.Zarm[en]);
 		}
-		// Until thrust vectoring comes, the disc stands at its built-in cants.
-		f.vert_disc_cant_cyclic[en] = v.vert_cant_init[en] + f.vert_disc_cant_vector[en] + f.cyclic_elev_disc_tilt[en];
-		f.side_disc_cant_cyclic[en] = v.side_cant_init[en] + f.cyclic_ailn_disc_tilt[en];
 	}
 	f.sin_the = std::sin(f.the * con.degtorad); f.cos_the = std::cos(f.the * con.degtorad);
 	f.sin_psi = std::sin(f.psi * con.degtorad); f.cos_psi = std::cos(f.psi * con.degtorad);

@@ -408,7 +408,6 @@ void do_engines(int i)
 	const veh_struct& v = veh[0];
 	flt_struct& f = flt[0];
 	for (int en = 0; en < v.num_engines && en < engn_max; en++) {
-		f.POINT_XYZ[en][0] = v.Xarm[en]; f.POINT_XYZ[en][1] = v.Yarm[en]; f.POINT_XYZ[en][2] = v.Zarm[en];
 		init_engine_specs(en, i == 0);
 		if (is_jet(v.engn_type[en])) do_a_jet(en);
 		if (v.engn_type[en] == 6) {

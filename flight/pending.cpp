@@ -3,12 +3,6 @@
 #include "core/HL_TYPES.h"
 
 void update_with_AI(int) {}                  // computer-flown aircraft: later step
-void update_autopilot(int p)                 // autopilot: later step; until then the yoke flies directly
-{
-	flt[p].FC_ptch = mnw.YK_ptch;
-	flt[p].FC_roll = mnw.YK_roll;
-	flt[p].FC_hdng = mnw.YK_hdng;
-}
 void update_effects(int) {}                  // exhaust, wash and smoke: later step
 void update_failures() {}                    // the failure draw: later step
 void attach_weapon(int, int) {}              // weapons: later step
@@ -23,3 +17,4 @@ void do_wire_and_catapult() {}
 void do_tow_wake() {}
 void do_line_ends() {}
 void do_gpws() {}
+void touchdown_keys(int) {}                   // key commands: later step

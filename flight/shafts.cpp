@@ -52,9 +52,6 @@ void do_all_props()
 	const float dt = mnw.prd_FM;
 	const int np = intlim(v.num_thrustpoints, 0, engn_max);
 	float driving[engn_max] = {};
-	for (int en = 0; en < np; en++) {
-		f.POINT_XYZ[en][0] = v.Xarm[en]; f.POINT_XYZ[en][1] = v.Yarm[en]; f.POINT_XYZ[en][2] = v.Zarm[en];
-	}
 	auto prop_point = [&](int en) { return ret_part_alive(0, en) && (v.engn_type[en] != 4 && v.engn_type[en] != 5 && v.engn_type[en] != 6); };
 	auto gear_of = [&](int en) { return v.prop_gear_rat[en] != 0.0f ? v.prop_gear_rat[en] : 1.0f; };
 	// Lift fans and pre-rotated rotors take the jets' power, shared evenly.

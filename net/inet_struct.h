@@ -7,5 +7,6 @@ struct inet_struct {
 	int use_ip[net_slot_max];
 	int getting_loc_0;                                // a peer sets the pilot's position
 	int getting_ptch, getting_roll, getting_hdng;
-	int getting_ff;                                   // a peer feeds the fuel flows     // a peer or raw joystick data feeds that axis
+	int getting_ff;                                   // a peer feeds the fuel flows
+	int getting_astab, getting_flightcons, getting_prop, getting_thro;   // a peer sets stability, controls, propellers     // a peer or raw joystick data feeds that axis
 };

@@ -61,7 +61,7 @@ int fly_run(int argc, char** argv)
 	std::string aircraft, csv, fields = default_fields;
 	float lat = 34.1f, lon = -117.2f, alt_ft = NAN, kias = NAN, ktas = NAN, heading = 0.0f, pitch = 0.0f;
 	float seconds = 60.0f, dt = 0.02f, throttle = 0.0f, yp = 0.0f, yr = 0.0f, yy = 0.0f, flaps = 0.0f, every_f = 1.0f;
-	float mixture = 1.0f, prop = 1.0f, collective = NAN, cyc_ptch = NAN, cyc_roll = NAN;
+	float mixture = 1.0f, prop = 1.0f, collective = NAN, cyc_ptch = NAN, cyc_roll = NAN, trim_pitch = NAN, hold_vs = NAN;
 	int calm = 0, engines_off = 0, hold_still = 0;
 	for (int k = 1; k < argc; k++) {
 		const std::string o = argv[k];
@@ -91,6 +91,8 @@ int fly_run(int argc, char** argv)
 		else if (o == "--mixture") target = &mixture;
 		else if (o == "--prop") target = &prop;
 		else if (o == "--collective") target = &collective;
+		else if (o == "--trim-pitch") target = &trim_pitch;
+		else if (o == "--hold-vs") target = &hold_vs;
 		else if (o == "--cyclic-pitch") target = &cyc_ptch;
 		else if (o == "--cyclic-roll") target = &cyc_roll;
 		else if (o == "--every") target = &every_f;
@@ -157,6 +159,9 @@ int fly_run(int argc, char** argv)
 	for (const column& c : cols) std::fprintf(out, ",%s", c.name.c_str());
 	std::fprintf(out, "\n");
 	const int every = (int)every_f;
+	// --hold-vs: a plain PI loop on the collective (helicopters) or the elevator (others).
+	const int has_coll = veh[0].has_collective;
+	float hold_i = 0.0f, coll_use = std::isnan(collective) ? 0.5f : collective;
 	const long passes = std::lround(seconds / dt);
 	double t = 0.0;
 	for (long n = 0; n <= passes; n++) {
@@ -175,18 +180,26 @@ int fly_run(int argc, char** argv)
 			std::fprintf(out, "\n");
 		}
 		if (n == passes) break;
-		mnw.YK_ptch = std::isnan(cyc_ptch) ? yp : cyc_ptch;   // a helicopter's cyclic is its yoke
+		float vs_out = 0.0f;
+		if (!std::isnan(hold_vs)) {
+			const float err = (hold_vs - f.Vh_fpm) * con.fpmtomsc;   // m/s
+			hold_i = fltlim(hold_i + err * dt, -20.0f, 20.0f);
+			vs_out = has_coll ? -(0.04f * err + 0.01f * hold_i) : fltlim(0.05f * err + 0.01f * hold_i, -1.0f, 1.0f);
+			if (has_coll) coll_use = fltlim((std::isnan(collective) ? 0.5f : collective) + vs_out, 0.0f, 1.0f);
+		}
+		if (!std::isnan(trim_pitch)) f.elev_trim = trim_pitch;
+		mnw.YK_ptch = fltlim((std::isnan(cyc_ptch) ? yp : cyc_ptch) + (has_coll ? 0.0f : vs_out), -1.0f, 1.0f);   // a helicopter's cyclic is its yoke
 		mnw.YK_roll = std::isnan(cyc_roll) ? yr : cyc_roll;
 		mnw.YK_hdng = yy;
 		f.flap_rqst = fltlim(flaps, 0.0f, 1.0f);
 		f.sbrk_rqst = 0.0f;   // a glider's speedbrake stays closed unless asked
 		const veh_struct& v = veh[0];
 		for (int en = 0; en < engn_max; en++) {
-			set_thro(en, throttle);
+			if (!(eng_has_fadec(0, en) && fadec_is_running(0, en))) set_thro(en, throttle);   // a FADEC holds its own
 			set_mixt(en, mixture);
 			set_prop(en, v.RSC_mingreen_PROP + fltlim(prop, 0.0f, 1.0f) * (v.RSC_redline_PROP - v.RSC_mingreen_PROP));
-			if (!std::isnan(collective) && v.prop_type[en] == 3)
-				set_ptch(en, v.max_pitch[en] + fltlim(collective, 0.0f, 1.0f) * (v.min_pitch[en] - v.max_pitch[en]));
+			if ((!std::isnan(collective) || !std::isnan(hold_vs)) && v.prop_type[en] == 3)
+				set_ptch(en, v.max_pitch[en] + coll_use * (v.min_pitch[en] - v.max_pitch[en]));
 		}
 		if (calm) calm_air();
 		const double hx = f.dob_x, hy = f.dob_y, hz = f.dob_z;
