@@ -10,15 +10,24 @@
 
 #include "aircraft/oswald_table.inc"
 
-float get_el_base_loc(int p, int en, float fltel, const char& axis)
+void get_el_base_xyz(int p, int en, float fltel, float* x, float* y, float* z)
 {
 	const veh_struct& v = veh[p];
 	const flt_struct& f = flt[p];
+	const float t = fltel * v.element_len[en];
+	*x = v.Xarm[en] + t * f.cos_act_sweep[en] * f.cos_act_dihed[en] * v.lat_sign[en];
+	*y = v.Yarm[en] + t * f.cos_act_sweep[en] * f.sin_act_dihed[en];
+	*z = v.Zarm[en] + t * f.sin_act_sweep[en];
+}
+
+float get_el_base_loc(int p, int en, float fltel, const char& axis)
+{
+	const veh_struct& v = veh[p];
 	const float len = v.element_len[en];
 	if (en > en_engn_hi) {
-		if (axis == 'X') return v.Xarm[en] + fltel * len * f.cos_act_sweep[en] * f.cos_act_dihed[en] * v.lat_sign[en];
-		if (axis == 'Y') return v.Yarm[en] + fltel * len * f.cos_act_sweep[en] * f.sin_act_dihed[en];
-		return v.Zarm[en] + fltel * len * f.sin_act_sweep[en];
+		float x, y, z;
+		get_el_base_xyz(p, en, fltel, &x, &y, &z);
+		return axis == 'X' ? x : axis == 'Y' ? y : z;
 	}
 	// A blade: each element has its own sweep; relative to the hub.
 	if (axis == 'Y') return 0.0f;

@@ -5,6 +5,7 @@
 
 int load_plane(int p);
 float get_el_base_loc(int p, int en, float fltel, const char& axis);
+void get_el_base_xyz(int p, int en, float fltel, float* x, float* y, float* z);   // a wing-like part's point, aircraft axes
 float ret_e(float aspec, float washo, float sweep, float taper);
 void get_MI_S_body(int p, int en, int is_wpn, float x, float y, float z, float* s_frn, float* s_sid, float* s_top,
                    float* x_aero, float* y_aero, float* z_aero, float* swet_tot, float* Jxx_unitmass,

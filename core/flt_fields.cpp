@@ -60,11 +60,10 @@ double ret_flt_value(int p, const char* spec, int* ok)
 	const char* base = (const char*)ret_flt_address(p, spec, &type);
 	*ok = base != nullptr;
 	if (!base) return 0.0;
-	const size_t flat = 0;
 	switch (type) {
-	case ff_int: { int v; std::memcpy(&v, base + flat * 4, 4); return v; }
-	case ff_float: { float v; std::memcpy(&v, base + flat * 4, 4); return v; }
-	case ff_double: { double v; std::memcpy(&v, base + flat * 8, 8); return v; }
-	default: return (double)(unsigned char)base[flat];
+	case ff_int: { int v; std::memcpy(&v, base, 4); return v; }
+	case ff_float: { float v; std::memcpy(&v, base, 4); return v; }
+	case ff_double: { double v; std::memcpy(&v, base, 8); return v; }
+	default: return (double)(unsigned char)*base;
 	}
 }

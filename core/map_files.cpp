@@ -48,32 +48,24 @@ unsigned char BIN_MAP_chr_scan(const unsigned char* add, int* c_use, int c_max)
 	return add[(*c_use)++];
 }
 
-static void bin_map_4(const unsigned char* add, int* c_use, int c_max, unsigned char b[4])
+// Four bytes, reversed for the other byte order; 0 at the limit, and never a read past it.
+template <class T> static T bin_map_4(const unsigned char* add, int* c_use, int c_max)
 {
-	std::memset(b, 0, 4);
-	if (*c_use >= c_max || c_max - *c_use < 4) { *c_use = c_max; return; }
-	std::memcpy(b, add + *c_use, 4);
-	if (rev_inf_bin) std::reverse(b, b + 4);
-	*c_use += 4;
-}
-
-int BIN_MAP_int_scan(const unsigned char* add, int* c_use, int c_max)
-{
-	unsigned char b[4];
-	bin_map_4(add, c_use, c_max, b);
-	int v;
+	static_assert(sizeof(T) == 4, "four-byte values");
+	unsigned char b[4] = {};
+	if (*c_use >= c_max || c_max - *c_use < 4) *c_use = c_max;
+	else {
+		std::memcpy(b, add + *c_use, 4);
+		if (rev_inf_bin) std::reverse(b, b + 4);
+		*c_use += 4;
+	}
+	T v;
 	std::memcpy(&v, b, 4);
 	return v;
 }
 
-float BIN_MAP_flt_scan(const unsigned char* add, int* c_use, int c_max)
-{
-	unsigned char b[4];
-	bin_map_4(add, c_use, c_max, b);
-	float v;
-	std::memcpy(&v, b, 4);
-	return v;
-}
+int BIN_MAP_int_scan(const unsigned char* add, int* c_use, int c_max) { return bin_map_4<int>(add, c_use, c_max); }
+float BIN_MAP_flt_scan(const unsigned char* add, int* c_use, int c_max) { return bin_map_4<float>(add, c_use, c_max); }
 
 int TXT_MAP_eoln(const unsigned char* add, int c) { return add[c] == 0 || add[c] == 13 || add[c] == 10; }
 

@@ -3,6 +3,7 @@
 // coefficients with its controls' increments, and adds its force. Then the downwash it
 // casts and the spanwise centroid of dynamic pressure, for the next sub-step.
 #include "flight/HL_FLIGHT.h"
+#include "aircraft/load_plane.h"
 #include "core/HL_MAIN.h"
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
@@ -19,15 +20,6 @@ float chord_at(const veh_struct& v, int en, float el)
 	return interp(0.0f, v.Croot[en], (float)v.els[en], v.Ctip[en], el, 0);
 }
 
-// The point of element el (centre), aircraft axes.
-void element_point(const veh_struct& v, const flt_struct& f, int en, float el_pos, float* x, float* y, float* z)
-{
-	const float t = el_pos * v.element_len[en];
-	*x = t * f.cos_act_sweep[en] * f.cos_act_dihed[en] * v.lat_sign[en] + v.Xarm[en];
-	*y = t * f.cos_act_sweep[en] * f.sin_act_dihed[en] + v.Yarm[en];
-	*z = t * f.sin_act_sweep[en] + v.Zarm[en];
-}
-
 }  // namespace
 
 float ret_ge_hgt_mtrs(int en)
@@ -37,7 +29,7 @@ float ret_ge_hgt_mtrs(int en)
 	float x, y, z;
 	if (en >= en_wing1L && en <= en_pylb_hi) {
 		if (std::fabs(v.dihednow[en]) >= 45.0f) return 0.0f;
-		element_point(v, f, en, 0.5f * v.els[en], &x, &y, &z);
+		get_el_base_xyz(0, en, 0.5f * v.els[en], &x, &y, &z);
 	} else if (en <= en_engn_hi) {   // a rotor whose disc faces the ground
 		if (!(f.vert_disc_cant_cyclic[en] > 45.0f && std::fabs(f.side_disc_cant_cyclic[en]) < 45.0f)) return 0.0f;
 		x = v.Xarm[en]; y = v.Yarm[en]; z = v.Zarm[en];
@@ -151,7 +143,7 @@ void do_lifting_parts()
 		const float ls = v.lat_sign[en], cdih = f.cos_act_dihed[en], sdih = f.sin_act_dihed[en];
 		for (int el = 0; el < els; el++) {
 			float x, y, z;
-			element_point(v, f, en, el + 0.5f, &x, &y, &z);
+			get_el_base_xyz(0, en, el + 0.5f, &x, &y, &z);
 			float wx, wy, wz;
 			ret_wind_spds_acf(x, y, z, &wx, &wy, &wz, 0);
 			const float a = std::atan2(wy, wz) * con.radtodeg;

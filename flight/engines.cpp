@@ -390,14 +390,11 @@ void do_a_jet(int en)
 // Thrust along the point's axis (forward is the aircraft's -z), turned by its cants.
 void apply_point_thrust(int en, float thrust)
 {
-	const veh_struct& v = veh[0];
 	flt_struct& f = flt[0];
 	const float vc = f.vert_disc_cant_cyclic[en] * con.degtorad, sc = f.side_disc_cant_cyclic[en] * con.degtorad;
 	const float fx = thrust * std::cos(vc) * std::sin(sc), fy = thrust * std::sin(vc), fz = -thrust * std::cos(vc) * std::cos(sc);
 	f.force_XYZ[en][0][0] = fx; f.force_XYZ[en][0][1] = fy; f.force_XYZ[en][0][2] = fz;
-	const float x = f.POINT_XYZ[en][0] != 0.0f || f.POINT_XYZ[en][1] != 0.0f || f.POINT_XYZ[en][2] != 0.0f ? f.POINT_XYZ[en][0] : v.Xarm[en];
-	const float y = f.POINT_XYZ[en][0] != 0.0f || f.POINT_XYZ[en][1] != 0.0f || f.POINT_XYZ[en][2] != 0.0f ? f.POINT_XYZ[en][1] : v.Yarm[en];
-	const float z = f.POINT_XYZ[en][0] != 0.0f || f.POINT_XYZ[en][1] != 0.0f || f.POINT_XYZ[en][2] != 0.0f ? f.POINT_XYZ[en][2] : v.Zarm[en];
+	const float x = f.POINT_XYZ[en][0], y = f.POINT_XYZ[en][1], z = f.POINT_XYZ[en][2];   // placed by the deflection step
 	addFsprop(0, fx, y, z);
 	addFnprop(0, fy, x, z);
 	addFaprop(0, fz, y, x);

@@ -3,6 +3,7 @@
 // cyclic and flapping) and gets lift and drag from the wing lookup. Thrust, drag torque
 // and the disc's own dynamics follow.
 #include "flight/HL_FLIGHT.h"
+#include "aircraft/load_plane.h"
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
 #include "core/failures.h"
@@ -13,7 +14,6 @@ namespace {
 
 struct vec3 { float x, y, z; };
 vec3 operator+(vec3 a, vec3 b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
-vec3 operator-(vec3 a, vec3 b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
 vec3 operator*(vec3 a, float k) { return {a.x * k, a.y * k, a.z * k}; }
 float dot(vec3 a, vec3 b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
 float sgn(float x) { return x > 0.0f ? 1.0f : x < 0.0f ? -1.0f : 0.0f; }
@@ -26,17 +26,11 @@ void moment_of(vec3 r, vec3 F, float* L, float* M, float* N)
 	*N += r.x * F.z - r.z * F.x;
 }
 
-// Along the blade: the sum of whole elements' lengths turned by their sweep, plus a fraction.
-void blade_arm(const veh_struct& v, int en, float pos, float* x, float* z)
+// Along the blade, less its sweep: the X and Z arms at a place on it.
+void blade_arm(int en, float pos, float* x, float* z)
 {
-	*x = *z = 0.0f;
-	const int els = intlim(v.els[en], 1, el_max);
-	for (int i = 0; i < els; i++) {
-		const float part = fltlim(pos - i, 0.0f, 1.0f) * v.element_len[en];
-		const float sw = v.bladesweep[en][i] * con.degtorad;
-		*x += part * std::cos(sw);
-		*z += part * std::sin(sw);
-	}
+	*x = get_el_base_loc(0, en, pos, 'X');
+	*z = get_el_base_loc(0, en, pos, 'Z');
 }
 
 }  // namespace
@@ -105,8 +99,8 @@ void do_a_prop(int en)
 		f.cyclic_ailn_blad_alph[en] = a * con.radtodeg + std::atan(std::tan(e) * d3) * con.radtodeg;
 	}
 	float tip_x, tip_z, mid_x, mid_z;
-	blade_arm(v, en, (float)v.els[en], &tip_x, &tip_z);
-	blade_arm(v, en, 0.5f * v.els[en], &mid_x, &mid_z);
+	blade_arm(en, (float)v.els[en], &tip_x, &tip_z);
+	blade_arm(en, 0.5f * v.els[en], &mid_x, &mid_z);
 	float Lh = 0, Mh = 0, Nh = 0, Lc = 0, Mc = 0, Nc = 0, Ls = 0, Ms = 0, Ns = 0;   // about the hub; whole force about the cg; shaft force about the cg
 	vec3 total = {0, 0, 0};
 	const float nb = v.num_blades[en];
@@ -115,7 +109,7 @@ void do_a_prop(int en)
 		float ringthrust = 0.0f;
 		const float dv_disc = dirty * f.RING_DVinc[en][el] * 0.5f;
 		float xa, za;
-		blade_arm(v, en, el + 0.5f, &xa, &za);
+		blade_arm(en, el + 0.5f, &xa, &za);
 		for (int bld = 0; bld < azi_max; bld++) {
 			vec3 c;   // the blade's place in disc axes (right, up)
 			static const float plain[4][2] = {{0, 1}, {1, 0}, {0, -1}, {-1, 0}};

@@ -6,6 +6,8 @@
 #include "core/files.h"
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
+#include <string>
 
 struct tool_command {
 	const char* name;
@@ -30,4 +32,17 @@ inline int tool_main(const char* tool, const char* help, const tool_command* cmd
 	}
 	std::fprintf(stderr, "%s: unknown command '%s'; see %s --help\n", tool, argv[1], tool);
 	return 2;
+}
+
+// The data tree an aircraft file lies in: the nearest folder above it that holds an
+// Airfoils folder, with a trailing '/'; empty when there is none.
+inline std::string find_data_tree(const std::string& file)
+{
+	namespace fs = std::filesystem;
+	std::error_code ec;
+	for (fs::path q = fs::absolute(file, ec).parent_path(); !q.empty(); q = q.parent_path()) {
+		if (fs::is_directory(q / "Airfoils", ec)) return q.string() + "/";
+		if (q == q.root_path()) break;
+	}
+	return "";
 }

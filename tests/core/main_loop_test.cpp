@@ -97,9 +97,9 @@ TEST_F(Headless, ASettingsWindowKeepsThePeriodFromJumpingOnReturn)
 	boot(0.02, 0);
 	passes(100);
 	mnw.top_win = 7;
+	const float t0 = mnw.totl_time;
 	passes(500);
 	EXPECT_NEAR(last_time_FM, mnw.real_time, 1e-5f);
-	const float t0 = mnw.totl_time;
 	EXPECT_EQ(t0, mnw.totl_time);   // no flight while the window is up
 	mnw.top_win = 0;
 	passes(30);

@@ -1,6 +1,7 @@
 // framewright build and dump: between the readable aircraft form and the binary file.
 // Both work on the raw record image, without the load's checks.
 #include "tools/framewright/framewright.h"
+#include "tools/tool_main.h"
 #include "aircraft/acf_io.h"
 #include "aircraft/acf_text.h"
 #include "aircraft/load_plane.h"
@@ -36,25 +37,13 @@ int framewright_dump(int argc, char** argv)
 	return std::cout.good() ? 0 : 1;
 }
 
-// The folder that holds the data tree: the nearest one above the file with an Airfoils folder.
-static std::string tree_of(const std::string& file)
-{
-	namespace fs = std::filesystem;
-	std::error_code ec;
-	fs::path p = fs::absolute(file, ec).parent_path();
-	for (fs::path q = p; !q.empty(); q = q.parent_path()) {
-		if (fs::is_directory(q / "Airfoils", ec)) return q.string() + "/";
-		if (q == q.root_path()) break;
-	}
-	return p.string() + "/";
-}
-
 int framewright_check(int argc, char** argv)
 {
 	const int loaded = argc == 3 && !std::strcmp(argv[1], "--loaded");
 	if (argc != 2 && !loaded) { std::fprintf(stderr, "framewright: check [--loaded] FILE.acf\n"); return 2; }
 	const std::string file = std::filesystem::absolute(argv[argc - 1]).string();
-	app_path = tree_of(file);
+	app_path = find_data_tree(file);
+	if (app_path.empty()) app_path = std::filesystem::path(file).parent_path().string() + "/";
 	afl_path = app_path + "Airfoils:";
 	acf_path = app_path + "Aircraft:";
 	const char* why = "";

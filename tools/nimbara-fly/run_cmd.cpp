@@ -1,6 +1,7 @@
 // nimbara-fly run: flies aircraft 0 headless through the real start-up and the real
 // main loop, and writes a CSV of flight-record fields.
 #include "tools/nimbara-fly/nimbara_fly.h"
+#include "tools/tool_main.h"
 #include "aircraft/load_plane.h"
 #include "core/HL_CORE.h"
 #include "core/HL_MAIN.h"
@@ -26,18 +27,6 @@ const char* default_fields =
 	"dob_lat,dob_lon,dob_ele,vx,vy,vz,phi,the,psi,P,Q,R,alpha,AV_msc,v_ind_kts,g_total,l_o_d,lift_path_axis,drag_path_axis,m_total";
 
 struct column { std::string name; const void* addr; int type; };
-
-// The data tree: the nearest folder above the aircraft that holds an Airfoils folder.
-std::string tree_of(const std::string& file)
-{
-	namespace fs = std::filesystem;
-	std::error_code ec;
-	for (fs::path q = fs::absolute(file, ec).parent_path(); !q.empty(); q = q.parent_path()) {
-		if (fs::is_directory(q / "Airfoils", ec) && fs::is_directory(q / "Resources", ec)) return q.string() + "/";
-		if (q == q.root_path()) break;
-	}
-	return "";
-}
 
 int number(const char* s, float* v)
 {
@@ -109,7 +98,7 @@ int fly_run(int argc, char** argv)
 		return 2;
 	}
 	const std::string file = std::filesystem::absolute(aircraft).string();
-	const std::string tree = tree_of(file);
+	const std::string tree = find_data_tree(file);
 	if (tree.empty()) { std::fprintf(stderr, "nimbara-fly: %s is not inside a data tree\n", file.c_str()); return 1; }
 
 	// The real start-up, headless, in the data tree; then the aircraft asked for.
