@@ -45,6 +45,19 @@ float get_clutch_trq(int en, float rsc_prop_side)
 	return trq - v.trans_loss * v.trq_max_eng * sgn;
 }
 
+// The pre-rotator spins a linked rotor toward 85% of its red line before take-off: gently
+// at level 0, with all it has at level 1.
+static float prerotator_trq(float system_omega)
+{
+	const veh_struct& v = veh[0];
+	const float gear = v.prop_gear_rat[0] != 0.0f ? v.prop_gear_rat[0] : 1.0f;
+	const float target = fltmax2(0.85f * v.RSC_redline_PROP * gear, 1.0f);
+	const float short_of = (target - system_omega) / target;
+	const float rat = stg.pre_rotate_level >= 1 ? (short_of > 0.0f ? 1.5f : short_of < 0.0f ? -1.5f : 0.0f) * fltmin2(std::fabs(short_of) * 50.0f, 1.0f)
+	                                            : fltlim(short_of, -0.5f, 0.5f);
+	return rat * v.trq_max_eng;
+}
+
 void do_all_props()
 {
 	const veh_struct& v = veh[0];
@@ -77,6 +90,7 @@ void do_all_props()
 			drag += f.POINT_drag_TRQ[en] / gear_of(en);
 			mi += v.mi_prop_rpm[en] / sqr(gear_of(en));
 		}
+		if (v.has_prerotate && stg.pre_rotating) engn += prerotator_trq(omega);
 		omega += (engn - drag) / mi * dt;
 		for (int en = 0; en < np; en++) {
 			if (!prop_point(en)) continue;
