@@ -11,6 +11,26 @@ void set_engines_for_start(int start_running, int on_ground)
 	const veh_struct& v = veh[0];
 	flt_struct& f = flt[0];
 	const int run = start_running != 0;
+	stg.ecam_warning = 0;
+	stg.auto_brake_lvl = stg.feather_mode = 1;
+	stg.yaw_damper_on = stg.HUD_on = run;
+	stg.art_stab_on = 1;
+	stg.jato_on = stg.arrest_gear = stg.chute_on = stg.prop_sync_on = stg.pre_rotating = stg.pre_rotate_level = 0;
+	stg.ice_all = stg.ice_pitot_heat = stg.ice_auto_ignite = stg.ice_inert_sep = stg.ice_inlet_heat = 0;
+	stg.ice_prop_heat = stg.ice_surf_heat = stg.ice_surf_boot = stg.ice_window_heat = 0;
+	stg.fuel_tank_sel = 4;
+	stg.fuel_tank_xfr = 0;
+	stg.puffers_on = 1;
+	stg.dumping_fuel = 0;
+	stg.cabin_vvi_set_fpm = 500.0f;
+	stg.cabin_vvi_act_fpm = 0.0f;
+	stg.cabin_alt_set_ft = stg.cabin_alt_act_ft = 2000.0f;
+	stg.bleed_air_on = 1;
+	stg.ah_bar = 0;
+	stg.HSI_is_arc = 1;
+	stg.gun_armed = stg.roc_armed = stg.mis_armed = stg.bom_armed = 0;
+	stg.master_warning_working = stg.master_caution_working = stg.master_accept__working = 1;
+	stg.tran_mode = run;
 	stg.inverter[0] = stg.inverter[1] = run || !stg.inverter_EQ;
 	stg.battery = run || !stg.battery_EQ;
 	stg.avionics = run || !stg.avionics_EQ;
@@ -48,9 +68,5 @@ void set_engines_for_start(int start_running, int on_ground)
 		}
 		f.POINT_pitch_deg_ref[en] = on_ground ? v.min_pitch[en] : 0.5f * (v.min_pitch[en] + v.max_pitch[en]);
 	}
-	stg.fuel_tank_sel = 4;
-	stg.fuel_tank_xfr = 0;
-	stg.dumping_fuel = 0;
-	stg.puffers_on = 1;
 	f.jato_left = v.jato_dur;
 }

@@ -69,6 +69,8 @@ float get_dv_total(float dv_total_now, float thrust, float area, float v_thru_di
 // Built by later steps (stubs in flight/pending.cpp until then).
 void update_with_AI(int p);
 void update_def_angles(int p);
+void update_hydraulics();                 // rel.hyd_rat from the pumps, ram air and failure
+float ret_rpm_rat(int en);
 void update_autopilot(int p);
 void update_control_laws(int p);
 void touchdown_keys(int reverse);   // the reverse and autopilot-disconnect keys at touchdown

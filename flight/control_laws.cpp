@@ -12,7 +12,6 @@ namespace {
 int old_onground_any, old_atidle;
 
 int is_jet(int t) { return t == 4 || t == 5; }
-float sgn(float x) { return x < 0.0f ? -1.0f : 1.0f; }
 
 void artificial_stability(const veh_struct& v, flt_struct& f)
 {

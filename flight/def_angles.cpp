@@ -189,8 +189,8 @@ void update_def_angles(int p)
 		if (v.prop_type[en] == 3)
 			coll_rat = v.max_pitch[en] != v.min_pitch[en] ? fltlim((f.POINT_pitch_deg_ref[en] - v.min_pitch[en]) / (v.max_pitch[en] - v.min_pitch[en]), 0.0f, 1.0f) : 0.5f;
 	for (int en = 0; en < v.num_thrustpoints && en < engn_max; en++) {
-		if (v.prop_type[en] == 5) {   // pedals set the tail rotor's pitch, in the sense of its rotation
-			const float x = v.prop_dir[en] >= 0.0f ? f.FC_hdng : -f.FC_hdng;
+		if (v.prop_type[en] == 5) {   // right pedal unloads the tail rotor against a main rotor turning clockwise
+			const float x = v.prop_dir[0] > 0.0f ? -f.FC_hdng : f.FC_hdng;
 			const float pitch = fltlim(interp(-1.0f, v.min_pitch[en], 1.0f, v.max_pitch[en], x, 0), v.min_pitch[en], v.max_pitch[en]);
 			f.POINT_pitch_deg_ref[en] = f.POINT_pitch_deg_use[en] = pitch + coll_rat * v.tail_with_coll;
 		} else {

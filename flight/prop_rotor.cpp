@@ -54,11 +54,13 @@ void do_a_prop(int en)
 	const int apply_disc_tilt = (type == 3 || type == 7) && (v.disc_tilt_elev > 0.0f || v.disc_tilt_ailn > 0.0f);
 	const int steer_disc = apply_cyclic_def || apply_disc_tilt;
 	f.force_XYZ[en][0][0] = f.force_XYZ[en][0][1] = f.force_XYZ[en][0][2] = 0.0f;
-	// Disc axes from the cants: right, up and aft (against the thrust).
+	// Disc axes from the cants: right, up and aft (against the thrust). The side cant turns
+	// the disc about its own up axis, so it tilts a rotor sideways as it turns a propeller.
 	const float vc = f.vert_disc_cant_cyclic[en] * con.degtorad, sc = f.side_disc_cant_cyclic[en] * con.degtorad;
-	const vec3 rgt = {std::cos(sc), 0.0f, std::sin(sc)};
-	const vec3 up = {-std::sin(vc) * std::sin(sc), std::cos(vc), std::sin(vc) * std::cos(sc)};
-	const vec3 aft = {-std::cos(vc) * std::sin(sc), -std::sin(vc), std::cos(vc) * std::cos(sc)};
+	const float svc = std::sin(vc), cvc = std::cos(vc), ssc = std::sin(sc), csc = std::cos(sc);
+	const vec3 rgt = {csc, -ssc * svc, ssc * cvc};
+	const vec3 up = {0.0f, cvc, svc};
+	const vec3 aft = {-ssc, -csc * svc, csc * cvc};
 	const vec3 hub = {f.POINT_XYZ[en][0], f.POINT_XYZ[en][1], f.POINT_XYZ[en][2]};
 	vec3 air = {f.vx_air_on_acf, f.vy_air_on_acf, f.vz_air_on_acf};
 	inc_v(&air.x, &air.y, &air.z, hub.x, hub.y, hub.z);
@@ -160,7 +162,9 @@ void do_a_prop(int en)
 			f.POINT_drag_TRQ[en] += anti * pythag(xa, za);
 			const vec3 F = rgt * fs + up * fn + aft * faxil, shaft = aft * faxil;
 			total = total + F;
-			moment_of(c, F, &Lh, &Mh, &Nh);
+			// About the hub in the disc's own axes (right, up, aft), as a disc facing forward
+			// would have them: so its pitch and yaw are the disc's two tilts, however it is canted.
+			moment_of({dot(c, rgt), dot(c, up), dot(c, aft)}, {fs, fn, faxil}, &Lh, &Mh, &Nh);
 			moment_of(pt, shaft, &Ls, &Ms, &Ns);
 			if (el == els - 1) {   // a blade tip in the ground stops the engine
 				float X, Y, Z;

@@ -1,5 +1,5 @@
-// The world step that runs once a pass before the aircraft move: clocks now; the
-// slow systems (icing, hydraulics, vacuum, pressurisation, limits) are a later step.
+// The world step that runs once a pass before the aircraft move: clocks, fuel and
+// hydraulics; the other slow systems (icing, vacuum, pressurisation, limits) are a later step.
 #include "flight/HL_FLIGHT.h"
 #include "core/HL_TYPES.h"
 #include "core/HL_MATH_FUN.h"
@@ -16,4 +16,5 @@ void WORLD_math_in_flight()
 	if (mnw.timer_running) mnw.timr_time = fltwrap(mnw.timr_time + dt, 0.0f, 3600.0f);
 	mnw.hobs_time += dt;
 	update_fuel_system();
+	update_hydraulics();
 }

@@ -172,9 +172,13 @@ int fly_run(int argc, char** argv)
 		float vs_out = 0.0f;
 		if (!std::isnan(hold_vs)) {
 			const float err = (hold_vs - f.Vh_fpm) * con.fpmtomsc;   // m/s
-			hold_i = fltlim(hold_i + err * dt, -20.0f, 20.0f);
-			vs_out = has_coll ? -(0.04f * err + 0.01f * hold_i) : fltlim(0.05f * err + 0.01f * hold_i, -1.0f, 1.0f);
-			if (has_coll) coll_use = fltlim((std::isnan(collective) ? 0.5f : collective) + vs_out, 0.0f, 1.0f);
+			if (has_coll) {   // the collective ratio falls as blade pitch rises
+				hold_i = fltlim(hold_i - 0.03f * err * dt, -1.0f, 1.0f);
+				coll_use = fltlim((std::isnan(collective) ? 0.5f : collective) + hold_i - 0.06f * err, 0.0f, 1.0f);
+			} else {
+				hold_i = fltlim(hold_i + err * dt, -20.0f, 20.0f);
+				vs_out = fltlim(0.05f * err + 0.01f * hold_i, -1.0f, 1.0f);
+			}
 		}
 		if (!std::isnan(trim_pitch)) f.elev_trim = trim_pitch;
 		mnw.YK_ptch = fltlim((std::isnan(cyc_ptch) ? yp : cyc_ptch) + (has_coll ? 0.0f : vs_out), -1.0f, 1.0f);   // a helicopter's cyclic is its yoke
