@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Starts nimbara in a window under a virtual X server, lets it run passes, sends
 # SIGTERM to the simulator itself (not to the wrapper) and checks that it finishes
-# normally within 5 s, leaving its three logs.
+# normally within 20 s (the leak check at exit is slow on a loaded machine), leaving its three logs.
 set -u
 exe=$1
 supp=$2
@@ -21,8 +21,8 @@ sleep 1   # let it run passes
 [ -s nimbara.pid ] || fail "no process id"
 kill -0 "$(cat nimbara.pid)" 2>/dev/null || fail "nimbara is not running"
 kill -TERM "$(cat nimbara.pid)"
-for _ in $(seq 1 50); do [ -s nimbara.status ] && break; sleep 0.1; done
-[ -s nimbara.status ] || fail "nimbara did not stop within 5 s of SIGTERM"
+for _ in $(seq 1 200); do [ -s nimbara.status ] && break; sleep 0.1; done
+[ -s nimbara.status ] || fail "nimbara did not stop within 20 s of SIGTERM"
 status=$(cat nimbara.status)
 [ "$status" = 0 ] || fail "exit status $status"
 for f in Error.out Data.out Nimbara.out; do [ -f "$f" ] || fail "no $f"; done

@@ -26,7 +26,7 @@ static const char* help_text =
 	"                  [--yoke-pitch R] [--yoke-roll R] [--yoke-yaw R] [--flaps R]\n"
 	"                  [--mixture R] [--prop R] [--engines-off] [--collective R] [--cyclic-pitch R]\n"
 	"                  [--cyclic-roll R] [--hold-still] [--trim-pitch R] [--hold-vs FPM]\n"
-	"                  [--fields a,b,...] [--every N] --csv OUT\n"
+	"                  [--release-after S] [--hold-bank D] [--fields a,b,...] [--every N] --csv OUT\n"
 	"      Flies aircraft 0 from an aircraft file inside a data tree, headless, through the\n"
 	"      real start-up and main loop, and writes t and the chosen flight-record fields\n"
 	"      (name or name[i]) each pass, or every N passes. --alt-ft is above sea level;\n"
@@ -36,8 +36,9 @@ static const char* help_text =
 	"      sets blade pitch max_pitch + R (min_pitch - max_pitch); the cyclic is the yoke.\n"
 	"      --hold-still keeps the airframe fixed in space, to measure static thrust and torque.\n"
 	"      --trim-pitch sets the elevator trim; --hold-vs holds a vertical speed with the\n"
-	"      collective (helicopters) or the elevator (others). The controls go through the\n"
-	"      aircraft's control laws.\n"
+	"      collective (helicopters) or the elevator (others); --release-after centres the\n"
+	"      yoke and cyclic after S seconds; --hold-bank holds a bank angle with the ailerons.\n"
+	"      The controls go through the aircraft's control laws.\n"
 	"  nimbara-fly --help\n";
 
 static int parse_float(const char* s, float* v)

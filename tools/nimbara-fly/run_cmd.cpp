@@ -50,7 +50,7 @@ int fly_run(int argc, char** argv)
 	std::string aircraft, csv, fields = default_fields;
 	float lat = 34.1f, lon = -117.2f, alt_ft = NAN, kias = NAN, ktas = NAN, heading = 0.0f, pitch = 0.0f;
 	float seconds = 60.0f, dt = 0.02f, throttle = 0.0f, yp = 0.0f, yr = 0.0f, yy = 0.0f, flaps = 0.0f, every_f = 1.0f;
-	float mixture = 1.0f, prop = 1.0f, collective = NAN, cyc_ptch = NAN, cyc_roll = NAN, trim_pitch = NAN, hold_vs = NAN;
+	float mixture = 1.0f, prop = 1.0f, collective = NAN, cyc_ptch = NAN, cyc_roll = NAN, trim_pitch = NAN, hold_vs = NAN, release = NAN, hold_bank = NAN;
 	int calm = 0, engines_off = 0, hold_still = 0;
 	for (int k = 1; k < argc; k++) {
 		const std::string o = argv[k];
@@ -82,6 +82,8 @@ int fly_run(int argc, char** argv)
 		else if (o == "--collective") target = &collective;
 		else if (o == "--trim-pitch") target = &trim_pitch;
 		else if (o == "--hold-vs") target = &hold_vs;
+		else if (o == "--release-after") target = &release;
+		else if (o == "--hold-bank") target = &hold_bank;
 		else if (o == "--cyclic-pitch") target = &cyc_ptch;
 		else if (o == "--cyclic-roll") target = &cyc_roll;
 		else if (o == "--every") target = &every_f;
@@ -176,13 +178,16 @@ int fly_run(int argc, char** argv)
 				hold_i = fltlim(hold_i - 0.03f * err * dt, -1.0f, 1.0f);
 				coll_use = fltlim((std::isnan(collective) ? 0.5f : collective) + hold_i - 0.06f * err, 0.0f, 1.0f);
 			} else {
-				hold_i = fltlim(hold_i + err * dt, -20.0f, 20.0f);
-				vs_out = fltlim(0.05f * err + 0.01f * hold_i, -1.0f, 1.0f);
+				hold_i = fltlim(hold_i + err * dt, -10.0f, 10.0f);
+				vs_out = fltlim(0.1f * err + 0.1f * hold_i, -1.0f, 1.0f);
 			}
 		}
+		if (!std::isnan(release) && t >= release) { yp = yr = yy = 0.0f; cyc_ptch = cyc_roll = NAN; }   // the pilot lets go
 		if (!std::isnan(trim_pitch)) f.elev_trim = trim_pitch;
 		mnw.YK_ptch = fltlim((std::isnan(cyc_ptch) ? yp : cyc_ptch) + (has_coll ? 0.0f : vs_out), -1.0f, 1.0f);   // a helicopter's cyclic is its yoke
 		mnw.YK_roll = std::isnan(cyc_roll) ? yr : cyc_roll;
+		if (!std::isnan(hold_bank))   // a wing leveller: bank error against roll rate
+			mnw.YK_roll = fltlim(mnw.YK_roll + 0.03f * fltwrap(hold_bank - f.phi, -180.0f, 180.0f) - 0.02f * f.P, -1.0f, 1.0f);
 		mnw.YK_hdng = yy;
 		f.flap_rqst = fltlim(flaps, 0.0f, 1.0f);
 		f.sbrk_rqst = 0.0f;   // a glider's speedbrake stays closed unless asked
