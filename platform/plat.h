@@ -4,6 +4,7 @@
 #pragma once
 #include <cstddef>
 #include <string>
+#include <vector>
 
 // Messages as the window procedure numbers them. A caught SIGINT or SIGTERM arrives
 // as msg_destroy, so it ends the loop through the normal finish.
@@ -44,3 +45,5 @@ void plat_local_clock(int* sec_of_day, int* month, int* mday);
 void plat_clock_manual(double t);     // from now on time_sec() reads t
 void plat_clock_advance(double dt);
 void plat_clock_auto();
+// The sub-folders of a folder, names only, sorted; empty when it does not open.
+std::vector<std::string> plat_list_folders(const char* path);

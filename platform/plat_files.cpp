@@ -1,6 +1,8 @@
-// Memory-mapped files over mmap. A file of zero bytes is not mapped (Linux refuses
-// to) but is still a file: it comes back as an empty view.
+// Memory-mapped files over mmap, and folder listings. A file of zero bytes is not
+// mapped (Linux refuses to) but is still a file: it comes back as an empty view.
 #include "platform/plat.h"
+#include <algorithm>
+#include <filesystem>
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -26,4 +28,14 @@ unsigned char* plat_map_file(const char* path, size_t* size)
 void plat_unmap_file(unsigned char* begin, size_t size)
 {
 	if (begin && begin != empty_view && size) munmap(begin, size);
+}
+
+std::vector<std::string> plat_list_folders(const char* path)
+{
+	std::vector<std::string> out;
+	std::error_code ec;
+	for (std::filesystem::directory_iterator it(path, ec), end; !ec && it != end; it.increment(ec))
+		if (it->is_directory(ec)) out.push_back(it->path().filename().string());
+	std::sort(out.begin(), out.end());
+	return out;
 }

@@ -3,8 +3,10 @@
 set -eu
 here="$(cd "$(dirname "$0")" && pwd)"
 missing=()
-while read -r pkg; do
+while read -r pkg cmd; do
   case "$pkg" in ''|'#'*) continue ;; esac
+  # A second word names a command that, when present, already serves (npm from elsewhere).
+  [ -n "${cmd:-}" ] && command -v "$cmd" >/dev/null 2>&1 && continue
   dpkg -s "$pkg" >/dev/null 2>&1 || missing+=("$pkg")
 done < "$here/debian-packages.txt"
 [ ${#missing[@]} -eq 0 ] && exit 0

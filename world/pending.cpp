@@ -10,7 +10,6 @@ float find_local_y(float, float, float* vx, float* vy, float* vz, int*, int*, in
 }
 void check_for_shift(double, double) {}   // region shift: later step
 void load_region(int) {}                  // scenery load: later step
-void read_planet_nav() {}                 // navigation data: later step
 void cloud_update_vars() {}               // weather: later step
 void THREAD_Init() {}                     // worker threads: later step
 void THREAD_Cleanup() {}

@@ -1,0 +1,21 @@
+// nimbara-world: makes the world's data files from real sources.
+#include "tools/tool_main.h"
+
+int world_navdata(int argc, char** argv);
+
+static const char* help =
+	"nimbara-world: makes the world's data from real sources.\n"
+	"  nimbara-world navdata --db FILE --out DIR\n"
+	"      Reads an airport database (SQLite, the airport-db layout of OurAirports data),\n"
+	"      writes DIR/apt.dat and prints what it kept and what it left out, by reason.\n"
+	"      Airports, small to large, and heliports are kept; closed fields, balloon and\n"
+	"      seaplane bases and water runways are not. A runway is placed between its two\n"
+	"      ends when both are known and agree with its length, else along the one end's\n"
+	"      heading; a runway with no end placed is left out.\n"
+	"  nimbara-world --help\n";
+
+int main(int argc, char** argv)
+{
+	static const tool_command cmds[] = {{"navdata", world_navdata}};
+	return tool_main("nimbara-world", help, cmds, 1, argc, argv);
+}
