@@ -145,6 +145,7 @@ void MACIBM_init()
 	mnw.prd_FM = 0.02f;
 	mnw.prd_UI = 0.02f;
 	mnw.top_win = -1;
+	std::snprintf(msc.apt_id_str, sizeof msc.apt_id_str, "KSBD");   // until the preferences say otherwise
 	handle_prefs(0, 6, res_path.c_str());
 	mnw.x_res_now = mnw.x_res_req;
 	mnw.y_res_now = mnw.y_res_req;

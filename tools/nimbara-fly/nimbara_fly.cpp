@@ -39,6 +39,12 @@ static const char* help_text =
 	"      collective (helicopters) or the elevator (others); --release-after centres the\n"
 	"      yoke and cyclic after S seconds; --hold-bank holds a bank angle with the ailerons.\n"
 	"      The controls go through the aircraft's control laws.\n"
+	"  nimbara-fly nav [--planet earth|mars] [--tree DIR] find --type T ID [ID...] [--near LAT,LON]\n"
+	"      Loads the navigation data as start-up does and shows each id found by type T\n"
+	"      (apt, ndb, vor, ils, loc, gs, om, mm, im, fix, dme, or the row code), the nearest\n"
+	"      of equal ids to --near. An airport prints 'apt ID apt_type elev_ft name', then\n"
+	"      'rwy num_str lat lon psi_true len_ft width_ft surf_tex', 'frq CODE MHZ label' and\n"
+	"      'sta lat lon psi name' lines. An id not found goes to stderr, exit status 1.\n"
 	"  nimbara-fly --help\n";
 
 static int parse_float(const char* s, float* v)
@@ -94,6 +100,6 @@ static int atmos(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}};
-	return tool_main("nimbara-fly", help_text, cmds, 2, argc, argv);
+	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}, {"nav", fly_nav}};
+	return tool_main("nimbara-fly", help_text, cmds, 3, argc, argv);
 }

@@ -2,3 +2,4 @@
 #pragma once
 
 int fly_run(int argc, char** argv);   // argv[0] is "run"
+int fly_nav(int argc, char** argv);   // argv[0] is "nav"

@@ -1,0 +1,116 @@
+// nimbara-fly nav: loads the navigation world as start-up does and shows what it holds
+// for identifiers, each found by the simulator's own lookup.
+#include "tools/nimbara-fly/nimbara_fly.h"
+#include "tools/tool_main.h"
+#include "core/HL_CORE.h"
+#include "core/HL_MAIN.h"
+#include "core/HL_MATH_FUN.h"
+#include "core/HL_TYPES.h"
+#include "core/files.h"
+#include "platform/plat.h"
+#include "platform/plat_headless.h"
+#include "world/HL_WORLD.h"
+#include "world/nav_data.h"
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace {
+
+int type_of(const char* s)
+{
+	static const struct { const char* name; int type; } names[] = {
+		{"apt", nav_type_apt}, {"ndb", nav_ndb}, {"vor", nav_vor}, {"ils", nav_ils}, {"loc", nav_loc}, {"gs", nav_gs},
+		{"om", nav_om}, {"mm", nav_mm}, {"im", nav_im}, {"fix", nav_type_fix}, {"dme", nav_dme}};
+	for (const auto& n : names)
+		if (!std::strcmp(s, n.name)) return n.type;
+	char* end;
+	const long v = std::strtol(s, &end, 10);
+	return *s && !*end && v >= 1 && v <= 13 ? (int)v : 0;
+}
+
+void show_airport(const vec_apt_struct& a)
+{
+	std::printf("apt %s %d %.0f %s\n", a.apt_id, a.apt_type, a.h / con.fttomtrs, a.apt_name.c_str());
+	for (const vec_rwy_struct& r : a.rwy)
+		std::printf("rwy %s %.6f %.6f %.3f %.0f %.0f %d\n", r.num_str, r.lat, r.lon, r.psi_true, r.len / con.fttomtrs,
+		            r.width / con.fttomtrs, r.surf_tex);
+	const int f[7] = {a.int_AWOS, a.int_unicom, a.int_clearance, a.int_ground, a.int_tower, a.int_approach, a.int_departure};
+	const std::string* s[7] = {&a.str_AWOS, &a.str_unicom, &a.str_clearance, &a.str_ground, &a.str_tower, &a.str_approach, &a.str_departure};
+	for (int k = 0; k < 7; k++)
+		if (f[k] > 0) std::printf("frq %d %.2f %s\n", 50 + k, f[k] / 100.0, s[k]->c_str());
+	for (const vec_sta_struct& t : a.sta) std::printf("sta %.6f %.6f %.2f %s\n", t.lat, t.lon, t.psi, t.sta_name.c_str());
+}
+
+std::string default_tree()
+{
+	const std::string exe = plat_exe_folder();
+	for (const char* rel : {"Nimbasys", "../Nimbasys"})
+		if (std::filesystem::is_directory(exe + rel + "/Resources")) return std::filesystem::canonical(exe + rel).string() + "/";
+	return "";
+}
+
+}  // namespace
+
+int fly_nav(int argc, char** argv)
+{
+	int planet = 0, type = 0, k = 1;
+	float lat = 0.0f, lon = 0.0f;
+	std::string tree = default_tree();
+	std::vector<std::string> ids;
+	for (; k < argc && std::strcmp(argv[k], "find"); k++) {
+		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", argv[k]); return 2; }
+		if (!std::strcmp(argv[k], "--planet")) {
+			const char* p = argv[++k];
+			if (!std::strcmp(p, "earth")) planet = 0;
+			else if (!std::strcmp(p, "mars")) planet = 1;
+			else { std::fprintf(stderr, "nimbara-fly: --planet is earth or mars\n"); return 2; }
+		} else if (!std::strcmp(argv[k], "--tree")) {
+			tree = std::string(argv[++k]) + "/";
+		} else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", argv[k]); return 2; }
+	}
+	if (k >= argc) { std::fprintf(stderr, "nimbara-fly: nav needs 'find'\n"); return 2; }
+	for (k++; k < argc; k++) {
+		if (!std::strcmp(argv[k], "--type") && k + 1 < argc) {
+			type = type_of(argv[++k]);
+			if (!type) { std::fprintf(stderr, "nimbara-fly: unknown type '%s'\n", argv[k]); return 2; }
+		} else if (!std::strcmp(argv[k], "--near") && k + 1 < argc) {
+			if (std::sscanf(argv[++k], "%f,%f", &lat, &lon) != 2) { std::fprintf(stderr, "nimbara-fly: --near is LAT,LON\n"); return 2; }
+		} else ids.push_back(argv[k]);
+	}
+	if (!type || ids.empty()) { std::fprintf(stderr, "nimbara-fly: nav find needs --type T and at least one id\n"); return 2; }
+	if (tree.empty() || !std::filesystem::is_directory(tree)) { std::fprintf(stderr, "nimbara-fly: no data tree; give --tree DIR\n"); return 1; }
+	try {
+		HEADLESS_setup(0.02, 0, tree.c_str());
+		init_sim();
+		if (planet == 1) {   // a change of planet, as the simulator makes it
+			env.planet = 1;
+			set_planet_specs(1);
+			read_planet_nav();
+		}
+	} catch (const XFatalAlert&) {
+		std::fprintf(stderr, "%s\n", last_alert_text.c_str());
+		MACIBM_finishup(0);
+		return 1;
+	}
+	int missing = 0;
+	for (const std::string& id : ids) {
+		int index = 0;
+		if (!get_index_from_id(id, type, &index, lat, lon)) {
+			std::fprintf(stderr, "nimbara-fly: %s not found\n", id.c_str());
+			missing = 1;
+			continue;
+		}
+		if (type == nav_type_apt) show_airport(vec_apt[index]);
+		else if (type == nav_type_fix) std::printf("fix %s %.6f %.6f\n", vec_fix[index].fix_name, vec_fix[index].lat, vec_fix[index].lon);
+		else {
+			const vec_nav_struct& n = vec_nav[index];
+			std::printf("nav %d %s %.6f %.6f %.0f %d %s\n", n.type, n.nav_id, n.lat, n.lon, n.h / con.fttomtrs, n.frq, n.nav_name.c_str());
+		}
+	}
+	MACIBM_finishup(1);
+	return missing;
+}
