@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <map>
 #include <string>
@@ -154,4 +155,80 @@ TEST(NavData, TheGeneratedAirportsAreThoseOfTheDatabase)
 		EXPECT_TRUE(found) << a.name << " " << id;
 	}
 	EXPECT_GT(large, 500);
+}
+
+TEST(NavData, TheConverterPlacesWhatItCanAndLeavesOutWhatItCannot)
+{
+	const std::string dir = std::string(NIMBARA_TEST_TREE) + "/converter/";
+	std::filesystem::remove_all(dir);
+	std::filesystem::create_directories(dir);
+	sqlite3* db = nullptr;
+	ASSERT_EQ(sqlite3_open((dir + "small.sqlite").c_str(), &db), SQLITE_OK);
+	const char* sql =
+		"CREATE TABLE airports (id INTEGER PRIMARY KEY, icao TEXT, iata TEXT, faa TEXT, local TEXT, name TEXT, type TEXT,"
+		" latitude REAL, longitude REAL, elevation_ft INTEGER, has_tower BOOLEAN);"
+		"CREATE TABLE runways (id INTEGER PRIMARY KEY, airport_id INTEGER, length_ft INTEGER, width_ft INTEGER, surface TEXT, lighted BOOLEAN);"
+		"CREATE TABLE runway_ends (id INTEGER PRIMARY KEY, runway_id INTEGER, ident TEXT, heading_degT REAL, latitude_deg REAL,"
+		" longitude_deg REAL, displaced_threshold_ft INTEGER, elevation_ft INTEGER);"
+		"CREATE TABLE frequencies (airport_id INTEGER PRIMARY KEY, atis TEXT, tower TEXT, ground TEXT, clearance TEXT, unicom TEXT,"
+		" approach TEXT, departure TEXT);"
+		// Two ends 3000 m apart on a 9843 ft runway, a one-end runway, a zero-width one and a water one.
+		"INSERT INTO airports VALUES (1, 'KONE', NULL, NULL, NULL, 'One Field', 'large_airport', 34.0, -117.0, 1000, 0);"
+		"INSERT INTO runways VALUES (10, 1, 9843, 150, 'asphalt', 1), (11, 1, 5000, 100, 'grass', 0), (12, 1, 4000, 0, 'asphalt', 0),"
+		" (13, 1, 3000, 100, 'water', 0);"
+		"INSERT INTO runway_ends VALUES (100, 10, '09', 90, 34.0, -117.0, 300, 0), (101, 10, '27', 270, 34.0, -116.96747, 0, 0),"
+		" (110, 11, '36', 0, 34.01, -117.01, NULL, 0), (120, 12, '04', 40, 34.02, -117.0, NULL, 0), (130, 13, '18', 180, 34.03, -117.0, NULL, 0);"
+		"INSERT INTO frequencies VALUES (1, '127.25', '118.7', '121.9', NULL, '140.0', NULL, NULL);"
+		// An id too long everywhere, a bare heliport, a closed field, a runway whose ends disagree with its length.
+		"INSERT INTO airports VALUES (2, 'XX-0001', NULL, NULL, 'LONGID', 'Long Id Field', 'small_airport', 35.0, -117.0, 100, 0);"
+		"INSERT INTO runways VALUES (20, 2, 3000, 60, 'dirt', 0);"
+		"INSERT INTO runway_ends VALUES (200, 20, '09', 90, 35.0, -117.0, NULL, 0);"
+		"INSERT INTO airports VALUES (3, 'US-12345', NULL, 'H3', NULL, 'Roof Heliport', 'heliport', 36.5, -118.25, 300, 0);"
+		"INSERT INTO airports VALUES (4, 'KOLD', NULL, NULL, NULL, 'Gone Field', 'closed', 36.0, -117.0, 100, 0);"
+		"INSERT INTO airports VALUES (5, 'KBAD', NULL, NULL, NULL, 'Bad Ends', 'medium_airport', 37.0, -117.0, 100, 0);"
+		"INSERT INTO runways VALUES (50, 5, 3000, 75, 'asphalt', 0);"
+		"INSERT INTO runway_ends VALUES (500, 50, '09', 90, 37.0, -117.0, NULL, 0), (501, 50, '27', 270, 37.0, -116.9, NULL, 0);";
+	ASSERT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
+	sqlite3_close(db);
+	const std::string cmd = std::string("'") + NIMBARA_WORLD_EXE + "' navdata --db '" + dir + "small.sqlite' --out '" + dir + "out' > '" + dir + "log.txt'";
+	ASSERT_EQ(std::system(cmd.c_str()), 0);
+	read_apt_file(dir + "out/apt.dat");
+	ASSERT_EQ(vec_apt.size(), 2u);
+	const vec_apt_struct &one = vec_apt[0], &heli = vec_apt[1];
+	EXPECT_STREQ(one.apt_id, "KONE");
+	EXPECT_EQ(one.atc_twr, 1);
+	EXPECT_EQ(one.def_bld, 1);
+	EXPECT_EQ(one.int_AWOS, 12725);
+	EXPECT_EQ(one.int_tower, 11870);
+	EXPECT_EQ(one.int_ground, 12190);
+	EXPECT_EQ(one.int_unicom, 0);   // outside the airband
+	ASSERT_EQ(one.rwy.size(), 2u);  // longest first; no zero width, no water
+	const vec_rwy_struct &main = one.rwy[0], &grass = one.rwy[1];
+	EXPECT_STREQ(main.num_str, "09");
+	EXPECT_NEAR(main.lat, 34.0, 1e-5);
+	EXPECT_NEAR(main.lon, -116.983735, 2e-5);
+	EXPECT_NEAR(main.psi_true, 89.9909, 0.001);   // the great circle leaves a hair poleward of the parallel
+	EXPECT_NEAR(main.len / 0.3048f, 9843, 0.5f);
+	EXPECT_NEAR(main.disp, 300.0f, 1e-3f);
+	EXPECT_EQ(main.code, 30030);
+	EXPECT_EQ(main.surf_tex, 162);
+	// One end: the centre half the length along its heading, due north here.
+	EXPECT_STREQ(grass.num_str, "36");
+	EXPECT_NEAR(dist_m(grass.lat, grass.lon, 34.01, -117.01), 0.5 * 5000 * 0.3048, 1.0);
+	EXPECT_NEAR(grass.lon, -117.01, 1e-5);
+	EXPECT_GT(grass.lat, 34.01);
+	EXPECT_EQ(grass.surf_tex, 164);
+	EXPECT_STREQ(heli.apt_id, "H3");
+	EXPECT_EQ(heli.apt_type, 17);
+	ASSERT_EQ(heli.rwy.size(), 1u);
+	EXPECT_STREQ(heli.rwy[0].num_str, "H1");
+	EXPECT_NEAR(heli.rwy[0].lat, 36.5, 1e-5);
+	EXPECT_NEAR(heli.rwy[0].lon, -118.25, 1e-5);
+	EXPECT_EQ(heli.rwy[0].surf_tex, 177);
+	std::ifstream log(dir + "log.txt");
+	const std::string said((std::istreambuf_iterator<char>(log)), {});
+	for (const char* why : {"closed", "no free id", "no runway placed", "no length or width", "water", "no end placed"})
+		EXPECT_NE(said.find(why), std::string::npos) << why << " in:\n" << said;
+	// A database of another shape is refused with a message, not a crash.
+	EXPECT_NE(std::system((std::string("'") + NIMBARA_WORLD_EXE + "' navdata --db '" + dir + "log.txt' --out '" + dir + "x' 2> /dev/null").c_str()), 0);
 }

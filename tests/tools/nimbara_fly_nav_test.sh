@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# nimbara-fly nav find shows what the navigation files hold; a custom package's airport
+# replaces the default one of the same id; a package with duplicate runways stops the
+# load with the alert, on stderr, exit status 1; the licence notices stand.
+set -u
+fly=$1
+tree=$(cd "$2" && pwd)
+tmp=$(mktemp -d)
+trap 'rm -rf "$tmp"' EXIT
+fail() { echo "FAIL: $*"; exit 1; }
+notice="$tree/Resources/Earth nav data/ODbL-NOTICE.txt"
+grep -q "Open Database License" "$notice" || fail "no ODbL notice beside the data"
+grep -q "OurAirports" "$notice" || fail "the notice does not name the source"
+head -2 "$tree/Resources/Earth nav data/apt.dat" | grep -q "ODbL" || fail "apt.dat's version line does not carry the attribution"
+
+"$fly" nav --tree "$tree" find --type apt KSBD > "$tmp/ksbd.txt" || fail "KSBD not found"
+grep -q "^apt KSBD 1 1159 San Bernardino International Airport$" "$tmp/ksbd.txt" || fail "KSBD's line: $(head -1 "$tmp/ksbd.txt")"
+grep -qE "^rwy 06 34\.09[0-9]+ -117\.23[0-9]+ 70\.[0-9]+ 10000 200 162$" "$tmp/ksbd.txt" || fail "KSBD's runway: $(cat "$tmp/ksbd.txt")"
+grep -q "^frq 50 124.17 ATIS$" "$tmp/ksbd.txt" || fail "KSBD's ATIS"
+grep -q "^sta .* Default$" "$tmp/ksbd.txt" || fail "KSBD's start point"
+"$fly" nav --tree "$tree" find --type apt NOPE 2> "$tmp/err.txt" && fail "found an airport that is not there"
+grep -q "NOPE" "$tmp/err.txt" || fail "no message for an id not found"
+"$fly" nav --planet mars --tree "$tree" find --type apt MJEZ | grep -q "^apt MJEZ 1 -4500 Jezero Landing$" || fail "Mars"
+
+# A tree of links to the built one, with its own custom scenery.
+mkdir -p "$tmp/tree"
+for f in "$tree"/*; do [ "$(basename "$f")" = "Custom Scenery" ] || ln -s "$f" "$tmp/tree/"; done
+pkg="$tmp/tree/Custom Scenery/Our KSBD/Earth nav data"
+mkdir -p "$pkg"
+printf 'I\n715 test\n1 1160 1 1 KSBD Our Own San Bernardino\n10 34.1 -117.2 05 50.0 8000 0 0 150 0 2 0 0 0.1 0\n99\n' > "$pkg/apt.dat"
+"$fly" nav --tree "$tmp/tree" find --type apt KSBD > "$tmp/custom.txt" || fail "the custom KSBD"
+grep -q "^apt KSBD 1 1160 Our Own San Bernardino$" "$tmp/custom.txt" || fail "the custom KSBD did not replace the default: $(head -1 "$tmp/custom.txt")"
+[ "$(grep -c '^rwy' "$tmp/custom.txt")" = 1 ] || fail "the custom KSBD's runways"
+printf 'I\n715 test\n1 1160 1 1 KSBD Twice\n10 34.1 -117.2 05 50.0 8000 0 0 150 0 2 0 0 0.1 0\n10 34.1 -117.2 05 50.0 8000 0 0 150 0 2 0 0 0.1 0\n99\n' > "$pkg/apt.dat"
+"$fly" nav --tree "$tmp/tree" find --type apt KSBD > /dev/null 2> "$tmp/dup.txt" && fail "duplicate runways were taken"
+grep -q "I found duplicate runways at the following airport:" "$tmp/dup.txt" || fail "no duplicate-runway alert: $(cat "$tmp/dup.txt")"
+echo "nav find, custom airports and notices hold"
