@@ -100,6 +100,10 @@ constexpr int apt_lcl_dim = 300, vor_lcl_dim = 300, ndb_lcl_dim = 300, fix_lcl_d
 extern int apt_lcl_to_wrl[apt_lcl_dim], vor_lcl_to_wrl[vor_lcl_dim], ndb_lcl_to_wrl[ndb_lcl_dim], fix_lcl_to_wrl[fix_lcl_dim];
 extern int apt_lcl_max, vor_lcl_max, ndb_lcl_max, fix_lcl_max;
 
+int IO_nav(int IO_type);   // 0 read, 1 write, the planet's file; 1 or 0
+int IO_fix(int IO_type);
+int IO_awy(int IO_type);
+void sort_nav_aids();      // by type, then name
 int IO_apt(int IO_type, const std::string& path);   // 0 read the planet's file, 1 write, 2 append a package's
 void finish_apt();
 int get_index_from_id(const std::string& id_req, int type_req, int* index, float lat_des, float lon_des);

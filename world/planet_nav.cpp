@@ -35,7 +35,10 @@ static void limit_index(int* v, size_t n) { *v = n == 0 ? 0 : std::clamp(*v, 0, 
 
 void read_planet_nav()
 {
-	IO_apt(0, "");   // the aids, fixes and airways come with their step
+	IO_fix(0);
+	IO_awy(0);
+	IO_nav(0);
+	IO_apt(0, "");
 	add_custom_airports();
 	init_world_rendering(3);
 	get_basic_specs_with_apt_ID();

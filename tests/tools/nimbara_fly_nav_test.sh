@@ -13,6 +13,10 @@ grep -q "Open Database License" "$notice" || fail "no ODbL notice beside the dat
 grep -q "OurAirports" "$notice" || fail "the notice does not name the source"
 head -2 "$tree/Resources/Earth nav data/apt.dat" | grep -q "ODbL" || fail "apt.dat's version line does not carry the attribution"
 
+# A tree of links to the built one's folders, so that the logs and custom scenery are ours.
+mkdir -p "$tmp/tree"
+for f in "$tree"/*; do [ -d "$f" ] && [ "$(basename "$f")" != "Custom Scenery" ] && ln -s "$f" "$tmp/tree/"; done
+tree="$tmp/tree"
 "$fly" nav --tree "$tree" find --type apt KSBD > "$tmp/ksbd.txt" || fail "KSBD not found"
 grep -q "^apt KSBD 1 1159 San Bernardino International Airport$" "$tmp/ksbd.txt" || fail "KSBD's line: $(head -1 "$tmp/ksbd.txt")"
 grep -qE "^rwy 06 34\.09[0-9]+ -117\.23[0-9]+ 70\.[0-9]+ 10000 200 162$" "$tmp/ksbd.txt" || fail "KSBD's runway: $(cat "$tmp/ksbd.txt")"
@@ -22,9 +26,7 @@ grep -q "^sta .* Default$" "$tmp/ksbd.txt" || fail "KSBD's start point"
 grep -q "NOPE" "$tmp/err.txt" || fail "no message for an id not found"
 "$fly" nav --planet mars --tree "$tree" find --type apt MJEZ | grep -q "^apt MJEZ 1 -4500 Jezero Landing$" || fail "Mars"
 
-# A tree of links to the built one, with its own custom scenery.
-mkdir -p "$tmp/tree"
-for f in "$tree"/*; do [ "$(basename "$f")" = "Custom Scenery" ] || ln -s "$f" "$tmp/tree/"; done
+# Our own custom scenery.
 pkg="$tmp/tree/Custom Scenery/Our KSBD/Earth nav data"
 mkdir -p "$pkg"
 printf 'I\n715 test\n1 1160 1 1 KSBD Our Own San Bernardino\n10 34.1 -117.2 05 50.0 8000 0 0 150 0 2 0 0 0.1 0\n99\n' > "$pkg/apt.dat"
