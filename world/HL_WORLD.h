@@ -23,5 +23,11 @@ int ret_over_water();   // 1 when the surface under the aircraft is water
 void load_region(int full);
 void read_planet_nav();
 void cloud_update_vars();
-void THREAD_Init();
-void THREAD_Cleanup();
+void THREAD_Init();       // one worker per processor
+void THREAD_Cleanup();    // at exit: the workers stop
+int THREAD_RunAsync(int (*inFunc)(int), int inParam, int inDiskIO);   // a call number
+int THREAD_IsDone(int call, float inWaitSeconds);   // 1 when done; raises what the call raised
+int THREAD_DoneValue(int call);
+void THREAD_Cleanup(int call);
+int THREAD_IsMainThread();
+int THREAD_IsInited();

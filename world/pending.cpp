@@ -11,8 +11,6 @@ float find_local_y(float, float, float* vx, float* vy, float* vz, int*, int*, in
 void check_for_shift(double, double) {}   // region shift: later step
 void load_region(int) {}                  // scenery load: later step
 void cloud_update_vars() {}               // weather: later step
-void THREAD_Init() {}                     // worker threads: later step
-void THREAD_Cleanup() {}
 float ret_parcel_rho(int, int, int) { return 0.0f; }   // cloud map: later step
 void update_live_weather() {}                         // live weather: later step
 int ret_over_water() { return 0; }                    // surfaces: later step; land everywhere until then

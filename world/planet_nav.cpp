@@ -35,10 +35,23 @@ static void limit_index(int* v, size_t n) { *v = n == 0 ? 0 : std::clamp(*v, 0, 
 
 void read_planet_nav()
 {
-	IO_fix(0);
+	// Fixes and aids on workers, airways and airports here meanwhile.
+	const int fix_call = THREAD_RunAsync(IO_fix, 0, 1);
 	IO_awy(0);
-	IO_nav(0);
-	IO_apt(0, "");
+	if (!THREAD_IsDone(fix_call, 60.0f)) NB_ALERT("Timed out IO_fix thread after 60 seconds.", "", "", "", alert_fatal);
+	THREAD_DoneValue(fix_call);
+	THREAD_Cleanup(fix_call);
+	const int nav_call = THREAD_RunAsync(IO_nav, 0, 1);
+	try {
+		IO_apt(0, "");
+	} catch (...) {   // the worker must be done with its containers before the alert goes on
+		THREAD_IsDone(nav_call, 60.0f);
+		THREAD_Cleanup(nav_call);
+		throw;
+	}
+	if (!THREAD_IsDone(nav_call, 60.0f)) NB_ALERT("Timed out IO_nav thread after 60 seconds.", "", "", "", alert_fatal);
+	THREAD_DoneValue(nav_call);
+	THREAD_Cleanup(nav_call);
 	add_custom_airports();
 	init_world_rendering(3);
 	get_basic_specs_with_apt_ID();
