@@ -2,6 +2,8 @@
 #pragma once
 
 void init_world_rendering(int stage);
+void set_up_runway_geo(int apt_wrl, int rwy_wrl);   // fills the runway's vec_rwy_geo entry
+void set_up_runway_lit(int apt_wrl, int rwy_wrl);
 void WORLD_scene_all_cases();
 void OGL_plot_background();
 void OGL_sbuf();

@@ -17,3 +17,5 @@ int build_a_opla() { return 0; }
 int build_a_orig() { return 0; }
 void OGL_sbuf() { plat_swap_buffers(); }
 void load_plane_geo(int, int, int, int) {}   // aircraft drawing: later step
+void set_up_runway_geo(int, int) {}   // runway polygons: terrain-mesh step
+void set_up_runway_lit(int, int) {}   // runway lights: terrain-mesh step

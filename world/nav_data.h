@@ -100,6 +100,16 @@ constexpr int apt_lcl_dim = 300, vor_lcl_dim = 300, ndb_lcl_dim = 300, fix_lcl_d
 extern int apt_lcl_to_wrl[apt_lcl_dim], vor_lcl_to_wrl[vor_lcl_dim], ndb_lcl_to_wrl[ndb_lcl_dim], fix_lcl_to_wrl[fix_lcl_dim];
 extern int apt_lcl_max, vor_lcl_max, ndb_lcl_max, fix_lcl_max;
 
+// The block's menu items, plain lists until the menus exist: airport names, and for each
+// local airport its start points and runway ends; VOR and NDB names.
+struct nav_menu_lists {
+	std::vector<std::string> apt, vor, ndb;
+	std::vector<std::vector<std::string>> sta, rwy;
+};
+extern nav_menu_lists nav_menus;
+
+void MP_make_airports_and_menus(int typeshift);   // inreg, the block lists, the menus, msc.radio_busy_fac
+void ret_rwy_end_names(const vec_rwy_struct& r, std::string* near_end, std::string* far_end);
 int IO_nav(int IO_type);   // 0 read, 1 write, the planet's file; 1 or 0
 int IO_fix(int IO_type);
 int IO_awy(int IO_type);

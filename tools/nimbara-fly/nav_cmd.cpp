@@ -11,6 +11,7 @@
 #include "platform/plat_headless.h"
 #include "world/HL_WORLD.h"
 #include "world/nav_data.h"
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -61,7 +62,8 @@ int fly_nav(int argc, char** argv)
 	float lat = 0.0f, lon = 0.0f;
 	std::string tree = default_tree();
 	std::vector<std::string> ids;
-	for (; k < argc && std::strcmp(argv[k], "find"); k++) {
+	auto is_sub = [](const char* a) { return !std::strcmp(a, "find") || !std::strcmp(a, "near") || !std::strcmp(a, "block"); };
+	for (; k < argc && !is_sub(argv[k]); k++) {
 		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", argv[k]); return 2; }
 		if (!std::strcmp(argv[k], "--planet")) {
 			const char* p = argv[++k];
@@ -72,16 +74,31 @@ int fly_nav(int argc, char** argv)
 			tree = std::string(argv[++k]) + "/";
 		} else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", argv[k]); return 2; }
 	}
-	if (k >= argc) { std::fprintf(stderr, "nimbara-fly: nav needs 'find'\n"); return 2; }
+	if (k >= argc) { std::fprintf(stderr, "nimbara-fly: nav needs find, near or block\n"); return 2; }
+	const std::string sub = argv[k];
+	float radius_nm = 30.0f;
+	int have_lat = 0, have_lon = 0;
 	for (k++; k < argc; k++) {
-		if (!std::strcmp(argv[k], "--type") && k + 1 < argc) {
+		if (sub != "find" && k + 1 < argc && (!std::strcmp(argv[k], "--lat") || !std::strcmp(argv[k], "--lon") || !std::strcmp(argv[k], "--radius-nm"))) {
+			char* end;
+			const float v = std::strtof(argv[k + 1], &end);
+			if (!*argv[k + 1] || *end) { std::fprintf(stderr, "nimbara-fly: bad number for %s\n", argv[k]); return 2; }
+			if (!std::strcmp(argv[k], "--lat")) { lat = v; have_lat = 1; }
+			else if (!std::strcmp(argv[k], "--lon")) { lon = v; have_lon = 1; }
+			else radius_nm = v;
+			k++;
+		} else if (sub != "find") {
+			std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", argv[k]);
+			return 2;
+		} else if (!std::strcmp(argv[k], "--type") && k + 1 < argc) {
 			type = type_of(argv[++k]);
 			if (!type) { std::fprintf(stderr, "nimbara-fly: unknown type '%s'\n", argv[k]); return 2; }
 		} else if (!std::strcmp(argv[k], "--near") && k + 1 < argc) {
 			if (std::sscanf(argv[++k], "%f,%f", &lat, &lon) != 2) { std::fprintf(stderr, "nimbara-fly: --near is LAT,LON\n"); return 2; }
 		} else ids.push_back(argv[k]);
 	}
-	if (!type || ids.empty()) { std::fprintf(stderr, "nimbara-fly: nav find needs --type T and at least one id\n"); return 2; }
+	if (sub == "find" && (!type || ids.empty())) { std::fprintf(stderr, "nimbara-fly: nav find needs --type T and at least one id\n"); return 2; }
+	if (sub != "find" && !(have_lat && have_lon)) { std::fprintf(stderr, "nimbara-fly: nav %s needs --lat and --lon\n", sub.c_str()); return 2; }
 	if (tree.empty() || !std::filesystem::is_directory(tree)) { std::fprintf(stderr, "nimbara-fly: no data tree; give --tree DIR\n"); return 1; }
 	try {
 		HEADLESS_setup(0.02, 0, tree.c_str());
@@ -95,6 +112,30 @@ int fly_nav(int argc, char** argv)
 		std::fprintf(stderr, "%s\n", last_alert_text.c_str());
 		MACIBM_finishup(0);
 		return 1;
+	}
+	if (sub == "near") {
+		const float r_deg = radius_nm / 60.0f;
+		for (const vec_nav_struct& n : vec_nav) {
+			const float dlat = n.lat - lat, dlon = (n.lon - lon) * std::cos(lat * 0.0174532925f);
+			if (dlat * dlat + dlon * dlon > r_deg * r_deg || !std::strcmp(n.nav_id, "----")) continue;
+			std::printf("%d %.6f %.6f %.0f %d %.0f %.2f %s %s\n", n.type, n.lat, n.lon, n.h / con.fttomtrs, n.frq,
+			            40.0f * std::sqrt(n.sqr_range_deg / 1.5f), n.psi_true, n.nav_id, n.nav_name.c_str());
+		}
+		MACIBM_finishup(1);
+		return 0;
+	}
+	if (sub == "block") {
+		env.lat_sou = (int)std::floor(lat);
+		env.lon_wes = (int)std::floor(lon);
+		MP_make_airports_and_menus(0);
+		std::printf("airports %d vors %d ndbs %d fixes %d busy %.4f\n", apt_lcl_max + 1, vor_lcl_max + 1, ndb_lcl_max + 1, fix_lcl_max + 1,
+		            msc.radio_busy_fac);
+		for (int l = 0; l <= apt_lcl_max; l++) std::printf("apt %s\n", vec_apt[apt_lcl_to_wrl[l]].apt_id);
+		for (int l = 0; l <= vor_lcl_max; l++) std::printf("vor %s\n", vec_nav[vor_lcl_to_wrl[l]].nav_id);
+		for (int l = 0; l <= ndb_lcl_max; l++) std::printf("ndb %s\n", vec_nav[ndb_lcl_to_wrl[l]].nav_id);
+		for (int l = 0; l <= fix_lcl_max; l++) std::printf("fix %s\n", vec_fix[fix_lcl_to_wrl[l]].fix_name);
+		MACIBM_finishup(1);
+		return 0;
 	}
 	int missing = 0;
 	for (const std::string& id : ids) {

@@ -45,6 +45,11 @@ static const char* help_text =
 	"      of equal ids to --near. An airport prints 'apt ID apt_type elev_ft name', then\n"
 	"      'rwy num_str lat lon psi_true len_ft width_ft surf_tex', 'frq CODE MHZ label' and\n"
 	"      'sta lat lon psi name' lines. An id not found goes to stderr, exit status 1.\n"
+	"  nimbara-fly nav [--planet P] [--tree DIR] near --lat D --lon D [--radius-nm R]\n"
+	"      Radio aids within R nm (30): 'type lat lon elev_ft frq range_nm psi_true nav_id name'.\n"
+	"  nimbara-fly nav [--planet P] [--tree DIR] block --lat S --lon W\n"
+	"      The block whose south-west corner is S, W: 'airports N vors N ndbs N fixes N busy X',\n"
+	"      then 'apt ID', 'vor ID', 'ndb ID' and 'fix NAME' lines in list order.\n"
 	"  nimbara-fly --help\n";
 
 static int parse_float(const char* s, float* v)
