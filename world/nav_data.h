@@ -100,6 +100,11 @@ constexpr int apt_lcl_dim = 300, vor_lcl_dim = 300, ndb_lcl_dim = 300, fix_lcl_d
 extern int apt_lcl_to_wrl[apt_lcl_dim], vor_lcl_to_wrl[vor_lcl_dim], ndb_lcl_to_wrl[ndb_lcl_dim], fix_lcl_to_wrl[fix_lcl_dim];
 extern int apt_lcl_max, vor_lcl_max, ndb_lcl_max, fix_lcl_max;
 
+// Degrees to add to a true heading for a magnetic one, about the year 2000: row r is
+// latitude -90 + 5r, column c longitude -180 + 5c, column 72 repeating column 0.
+extern const float raw_mag_var[37][73];
+float ret_mag_var(float lat, float lon);   // bilinear between the four cells around
+
 // The block's menu items, plain lists until the menus exist: airport names, and for each
 // local airport its start points and runway ends; VOR and NDB names.
 struct nav_menu_lists {

@@ -45,3 +45,18 @@ void get_basic_specs_with_apt_ID()
 	env.lat_sou = (int)std::lround(flt[0].dob_lat - lat_secs_os[p]);
 	env.lon_wes = (int)std::lround(flt[0].dob_lon - lon_secs_os[p]);
 }
+
+float ret_mag_var(float lat, float lon)
+{
+	if (!std::isfinite(lat) || !std::isfinite(lon)) return 0.0f;
+	const float y = fltlim((lat + 90.0f) / 5.0f, 0.0f, 36.0f);
+	const float x = fltwrap(lon + 180.0f, 0.0f, 360.0f) / 5.0f;
+	const int r = intlim((int)y, 0, 35), c = intlim((int)x, 0, 71);
+	const float fy = y - r, fx = x - c;
+	// Near the poles the variation turns right round between cells: blend the differences.
+	const float base = raw_mag_var[r][c];
+	auto rel = [base](float v) { return fltwrap(v - base, -180.0f, 180.0f); };
+	const float v = base + (1 - fy) * ((1 - fx) * 0.0f + fx * rel(raw_mag_var[r][c + 1])) +
+	                fy * ((1 - fx) * rel(raw_mag_var[r + 1][c]) + fx * rel(raw_mag_var[r + 1][c + 1]));
+	return fltwrap(v, -180.0f, 180.0f);
+}

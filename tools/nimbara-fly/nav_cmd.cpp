@@ -62,7 +62,7 @@ int fly_nav(int argc, char** argv)
 	float lat = 0.0f, lon = 0.0f;
 	std::string tree = default_tree();
 	std::vector<std::string> ids;
-	auto is_sub = [](const char* a) { return !std::strcmp(a, "find") || !std::strcmp(a, "near") || !std::strcmp(a, "block"); };
+	auto is_sub = [](const char* a) { return !std::strcmp(a, "find") || !std::strcmp(a, "near") || !std::strcmp(a, "block") || !std::strcmp(a, "magvar"); };
 	for (; k < argc && !is_sub(argv[k]); k++) {
 		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", argv[k]); return 2; }
 		if (!std::strcmp(argv[k], "--planet")) {
@@ -74,7 +74,7 @@ int fly_nav(int argc, char** argv)
 			tree = std::string(argv[++k]) + "/";
 		} else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", argv[k]); return 2; }
 	}
-	if (k >= argc) { std::fprintf(stderr, "nimbara-fly: nav needs find, near or block\n"); return 2; }
+	if (k >= argc) { std::fprintf(stderr, "nimbara-fly: nav needs find, near, block or magvar\n"); return 2; }
 	const std::string sub = argv[k];
 	float radius_nm = 30.0f;
 	int have_lat = 0, have_lon = 0;
@@ -99,6 +99,10 @@ int fly_nav(int argc, char** argv)
 	}
 	if (sub == "find" && (!type || ids.empty())) { std::fprintf(stderr, "nimbara-fly: nav find needs --type T and at least one id\n"); return 2; }
 	if (sub != "find" && !(have_lat && have_lon)) { std::fprintf(stderr, "nimbara-fly: nav %s needs --lat and --lon\n", sub.c_str()); return 2; }
+	if (sub == "magvar") {   // a table built into the program: nothing to load
+		std::printf("%.2f\n", ret_mag_var(lat, lon));
+		return 0;
+	}
 	if (tree.empty() || !std::filesystem::is_directory(tree)) { std::fprintf(stderr, "nimbara-fly: no data tree; give --tree DIR\n"); return 1; }
 	try {
 		HEADLESS_setup(0.02, 0, tree.c_str());

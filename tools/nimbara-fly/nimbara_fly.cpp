@@ -50,6 +50,8 @@ static const char* help_text =
 	"  nimbara-fly nav [--planet P] [--tree DIR] block --lat S --lon W\n"
 	"      The block whose south-west corner is S, W: 'airports N vors N ndbs N fixes N busy X',\n"
 	"      then 'apt ID', 'vor ID', 'ndb ID' and 'fix NAME' lines in list order.\n"
+	"  nimbara-fly nav magvar --lat D --lon D\n"
+	"      The magnetic variation there, about 2000: degrees to add to a true heading.\n"
 	"  nimbara-fly --help\n";
 
 static int parse_float(const char* s, float* v)
