@@ -119,9 +119,10 @@ int fly_nav(int argc, char** argv)
 	}
 	if (sub == "near") {
 		const float r_deg = radius_nm / 60.0f;
-		for (const vec_nav_struct& n : vec_nav) {
+		for (size_t k = planet == 0 ? 6 : 0; k < vec_nav.size(); k++) {   // past the carriers' own aids
+			const vec_nav_struct& n = vec_nav[k];
 			const float dlat = n.lat - lat, dlon = (n.lon - lon) * std::cos(lat * 0.0174532925f);
-			if (dlat * dlat + dlon * dlon > r_deg * r_deg || !std::strcmp(n.nav_id, "----")) continue;
+			if (dlat * dlat + dlon * dlon > r_deg * r_deg) continue;
 			std::printf("%d %.6f %.6f %.0f %d %.0f %.2f %s %s\n", n.type, n.lat, n.lon, n.h / con.fttomtrs, n.frq,
 			            40.0f * std::sqrt(n.sqr_range_deg / 1.5f), n.psi_true, n.nav_id, n.nav_name.c_str());
 		}

