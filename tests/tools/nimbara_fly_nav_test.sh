@@ -26,6 +26,17 @@ grep -q "^sta .* Default$" "$tmp/ksbd.txt" || fail "KSBD's start point"
 grep -q "NOPE" "$tmp/err.txt" || fail "no message for an id not found"
 "$fly" nav --planet mars --tree "$tree" find --type apt MJEZ | grep -q "^apt MJEZ 1 -4500 Jezero Landing$" || fail "Mars"
 
+# Aids near KSBD as the file holds them; the block around it; the variation table.
+"$fly" nav --tree "$tree" near --lat 34.0954 --lon -117.2345 --radius-nm 10 > "$tmp/near.txt" || fail "near"
+grep -qE "^4 [0-9.]+ -117\.[0-9]+ 1159 1[01][0-9]{3} 18 70\.[0-9]+ I[A-Z0-9]{3} KSBD 06 ILS$" "$tmp/near.txt" || fail "KSBD 06's localizer: $(cat "$tmp/near.txt")"
+grep -qE "^4 .* KSBD 24 ILS$" "$tmp/near.txt" || fail "KSBD 24's localizer"
+grep -qE "^3 .* 130 0\.00 SBD San Bernardino International Airport VOR-DME$" "$tmp/near.txt" || fail "KSBD's VOR"
+"$fly" nav --tree "$tree" block --lat 34 --lon -118 > "$tmp/block.txt" || fail "block"
+head -1 "$tmp/block.txt" | grep -qE "^airports [0-9]+ vors [0-9]+ ndbs [0-9]+ fixes [0-9]+ busy [0-9.]+$" || fail "block's first line"
+grep -q "^apt KSBD$" "$tmp/block.txt" || fail "KSBD not in its block"
+grep -q "^vor SBD$" "$tmp/block.txt" || fail "SBD not in its block"
+[ "$("$fly" nav magvar --lat 45 --lon -120)" = "-17.60" ] || fail "magvar at 45 N 120 W"
+
 # Our own custom scenery.
 pkg="$tmp/tree/Custom Scenery/Our KSBD/Earth nav data"
 mkdir -p "$pkg"

@@ -75,6 +75,17 @@ vec_nav_struct aid(int type, double lat, double lon, float h, int frq, double ra
 	return n;
 }
 
+// Outside every runway of the airport, with 150 m to spare.
+bool clear_of_runways(const vec_apt_struct& a, double lat, double lon)
+{
+	for (const vec_rwy_struct& r : a.rwy) {
+		const double d = gc_dist_m(r.lat, r.lon, lat, lon), b = gc_bearing_deg(r.lat, r.lon, lat, lon);
+		const double along = d * std::cos((b - r.psi_true) * M_PI / 180.0), cross = d * std::sin((b - r.psi_true) * M_PI / 180.0);
+		if (std::fabs(along) <= 0.5 * r.len + 150.0 && std::fabs(cross) <= 0.5 * r.width + 150.0) return false;
+	}
+	return true;
+}
+
 std::string tail(const char* apt_id, size_t n)
 {
 	const std::string s = apt_id;
@@ -129,9 +140,13 @@ void make_synthetic_aids(const std::vector<known_runway>& runways)
 		done.insert(r.apt);   // the first of an airport's runways is its longest
 		const vec_apt_struct& a = vec_apt[r.apt];
 		const double hdg = gc_bearing_deg(r.lat[0], r.lon[0], r.lat[1], r.lon[1]);
-		double cla, clo, la, lo;
+		double cla, clo, la = 0, lo = 0;
 		gc_destination(r.lat[0], r.lon[0], hdg, 0.5 * gc_dist_m(r.lat[0], r.lon[0], r.lat[1], r.lon[1]), &cla, &clo);
-		gc_destination(cla, clo, hdg + 90.0, 1.0 * nm, &la, &lo);
+		// Aside from the longest runway's centre, on the first spot clear of all its runways.
+		for (int k = 0; k < 12; k++) {
+			gc_destination(cla, clo, hdg + (k % 2 ? -90.0 : 90.0), (1.0 + 0.5 * (k / 2)) * nm, &la, &lo);
+			if (clear_of_runways(a, la, lo)) break;
+		}
 		const int frq = pick_channel(vors, vor_used, (float)la, (float)lo, (float)vor_range_nm);
 		const std::string id = tail(a.apt_id, 3), name = a.apt_name + " VOR-DME";
 		vor_index.push_back((int)vec_nav.size());
