@@ -229,6 +229,13 @@ TEST(NavData, TheConverterPlacesWhatItCanAndLeavesOutWhatItCannot)
 	const std::string said((std::istreambuf_iterator<char>(log)), {});
 	for (const char* why : {"closed", "no free id", "no runway placed", "no length or width", "water", "no end placed"})
 		EXPECT_NE(said.find(why), std::string::npos) << why << " in:\n" << said;
+	// The same input gives the same bytes.
+	const std::string again = std::string("'") + NIMBARA_WORLD_EXE + "' navdata --db '" + dir + "small.sqlite' --out '" + dir + "again' > /dev/null";
+	ASSERT_EQ(std::system(again.c_str()), 0);
+	for (const char* f : {"apt.dat", "nav.dat", "fix.dat", "awy.dat"}) {
+		std::ifstream a(dir + "out/" + f), b(dir + "again/" + f);
+		EXPECT_EQ(std::string(std::istreambuf_iterator<char>(a), {}), std::string(std::istreambuf_iterator<char>(b), {})) << f;
+	}
 	// A database of another shape is refused with a message, not a crash.
 	EXPECT_NE(std::system((std::string("'") + NIMBARA_WORLD_EXE + "' navdata --db '" + dir + "log.txt' --out '" + dir + "x' 2> /dev/null").c_str()), 0);
 }
