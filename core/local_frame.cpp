@@ -29,30 +29,55 @@ float z_north_os(float lat, float lon)
 
 void xdob_latlonel_with_xyz(double& lat, double& lon, double& ele, double x, double y, double z)
 {
-	double R = con.planet_rad;
-	double s = std::sin(ret_lat_ref() * deg2rad), c = std::cos(ret_lat_ref() * deg2rad);
-	double a = z * s + (y + R) * c;   // toward the equator on the reference meridian
-	double b = z * c - (y + R) * s;   // toward the south pole
-	double r = std::sqrt(a * a + x * x + b * b);
-	if (!(r > 0.0)) { lat = ret_lat_ref(); lon = ret_lon_ref(); ele = -R; return; }
-	ele = r - R;
-	lat = std::asin(std::fmax(-1.0, std::fmin(1.0, -b / r))) / deg2rad;
-	// atan2 rather than asin of x/(r cos lat): the same inside the region, and finite at the poles.
-	lon = dobwrap(std::atan2(x, a) / deg2rad + ret_lon_ref(), -180.0, 180.0);
+	xdob_latlonel_with_xyz_ref(lat, lon, ele, x, y, z, ret_lat_ref(), ret_lon_ref());
 }
 
 void xdob_xyz_with_latlonel(double& x, double& y, double& z, double lat, double lon, double ele)
 {
+	xdob_xyz_with_latlonel_ref(x, y, z, lat, lon, ele, ret_lat_ref(), ret_lon_ref());
+}
+
+void xdob_latlonel_with_xyz_ref(double& lat, double& lon, double& ele, double x, double y, double z, double lat_ref, double lon_ref)
+{
 	double R = con.planet_rad;
-	double s = std::sin(ret_lat_ref() * deg2rad), c = std::cos(ret_lat_ref() * deg2rad);
+	double s = std::sin(lat_ref * deg2rad), c = std::cos(lat_ref * deg2rad);
+	double a = z * s + (y + R) * c;   // toward the equator on the reference meridian
+	double b = z * c - (y + R) * s;   // toward the south pole
+	double r = std::sqrt(a * a + x * x + b * b);
+	if (!(r > 0.0)) { lat = lat_ref; lon = lon_ref; ele = -R; return; }
+	ele = r - R;
+	lat = std::asin(std::fmax(-1.0, std::fmin(1.0, -b / r))) / deg2rad;
+	// atan2 rather than asin of x/(r cos lat): the same inside the region, and finite at the poles.
+	lon = dobwrap(std::atan2(x, a) / deg2rad + lon_ref, -180.0, 180.0);
+}
+
+void xdob_xyz_with_latlonel_ref(double& x, double& y, double& z, double lat, double lon, double ele, double lat_ref, double lon_ref)
+{
+	double R = con.planet_rad;
+	double s = std::sin(lat_ref * deg2rad), c = std::cos(lat_ref * deg2rad);
 	double r = R + ele;
-	double dlon = dobwrap((lon - ret_lon_ref()) * deg2rad, -M_PI, M_PI);
+	double dlon = dobwrap((lon - lon_ref) * deg2rad, -M_PI, M_PI);
 	double cl = std::cos(lat * deg2rad), sl = std::sin(lat * deg2rad);
 	x = r * cl * std::sin(dlon);
 	double a = r * cl * std::cos(dlon);
 	double b = -r * sl;
 	z = a * s + b * c;
 	y = a * c - b * s - R;
+}
+
+void ret_q_horizon(double lat, double lon, double lat_ref, double lon_ref, float q[4])
+{
+	double dlat = dobwrap(lat - lat_ref, -90.0, 90.0);
+	double dlon = dobwrap(lon - lon_ref, -180.0, 180.0);
+	double a = lat_ref - dlat;
+	const double h = 0.5 * M_PI / 180.0;
+	double sA = std::sin(a * h), cA = std::cos(a * h);
+	double sC = std::sin(lat_ref * h), cC = std::cos(lat_ref * h);
+	double sL = std::sin(dlon * h), cL = std::cos(dlon * h);
+	q[0] = (float)(sC * cL * sA + cC * cL * cA);
+	q[1] = (float)(sC * sL * sA - cC * sL * cA);
+	q[2] = (float)(sC * cL * cA - cC * cL * sA);
+	q[3] = (float)(sC * sL * cA + cC * sL * sA);
 }
 
 // Single precision at the interface; the arithmetic stays in double, where the

@@ -14,21 +14,7 @@ static float running_Rdot = 0.0f;   // low-passed yaw acceleration for the stict
 
 // Rotation from the local frame to the horizon at the aircraft, for the vertical speed
 // far from the reference point.
-void ret_q_shift(const flt_struct& f, float q[4])
-{
-	double lat_ref = ret_lat_ref(), lon_ref = ret_lon_ref();
-	double dlat = dobwrap(f.dob_lat - lat_ref, -90.0, 90.0);
-	double dlon = dobwrap(f.dob_lon - lon_ref, -180.0, 180.0);
-	double a = lat_ref - dlat;
-	const double h = 0.5 * M_PI / 180.0;
-	double sA = std::sin(a * h), cA = std::cos(a * h);
-	double sC = std::sin(lat_ref * h), cC = std::cos(lat_ref * h);
-	double sL = std::sin(dlon * h), cL = std::cos(dlon * h);
-	q[0] = (float)(sC * cL * sA + cC * cL * cA);
-	q[1] = (float)(sC * sL * sA - cC * sL * cA);
-	q[2] = (float)(sC * cL * cA - cC * cL * sA);
-	q[3] = (float)(sC * sL * cA + cC * sL * sA);
-}
+void ret_q_shift(const flt_struct& f, float q[4]) { ret_q_horizon(f.dob_lat, f.dob_lon, ret_lat_ref(), ret_lon_ref(), q); }
 
 static void set_trig(flt_struct& f)
 {

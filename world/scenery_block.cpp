@@ -1,0 +1,131 @@
+// Moving the block with the aircraft: a step of a degree when it nears an edge, a fresh
+// load after a far jump. The local frame is tied to the block's centre, so a move turns
+// every aircraft's position, velocity and attitude into the new frame, keeping where it is
+// on the planet and how it sits on its horizon.
+#include "world/scenery.h"
+#include "world/HL_WORLD.h"
+#include "world/nav_data.h"
+#include "core/HL_MATH_FUN.h"
+#include "core/HL_TYPES.h"
+#include "core/files.h"
+#include <cmath>
+
+const float lat_buff[2] = {0.475f, 1.9f}, lon_buff[2] = {0.95f, 2.375f};
+const int file_imax[2] = {150, 64}, file_jmax[2] = {200, 64};
+const int regn_imax[2] = {450, 384}, regn_jmax[2] = {400, 320};
+const float max_vis_ter_nm[2] = {25.0f, 60.0f}, max_vis_ter_mtrs[2] = {46300.0f, 111120.0f};
+
+float planexyz[regn_dim_i][regn_dim_j][3];
+float planest[regn_dim_i][regn_dim_j][4][2];
+uint16_t landuse[regn_dim_i][regn_dim_j];
+char ter_body_id[regn_dim_i][regn_dim_j];
+char is_apt[regn_dim_i][regn_dim_j];
+char tex_use_is_other_quadrant[regn_dim_i][regn_dim_j];
+
+static int ret_planet() { return env.planet == 1 ? 1 : 0; }
+
+void check_for_shift(double lat, double lon)
+{
+	if (!(lat >= -90.0 && lat <= 90.0 && lon >= -180.0 && lon <= 180.0)) {
+		NB_ALERT("Out of range lat/lon call to check_for_shift!", "", "", "", alert_fatal);
+		return;
+	}
+	const int p = ret_planet();
+	flt[0].dob_lat = lat;
+	flt[0].dob_lon = lon;
+	const double dlat = dobwrap(lat - env.lat_sou, -90.0, 90.0), dlon = dobwrap(lon - env.lon_wes, -180.0, 180.0);
+	if (dlat < lat_buff[p] - 1 || dlat > lat_secs[p] - lat_buff[p] + 1 || dlon < lon_buff[p] - 1 || dlon > lon_secs[p] - lon_buff[p] + 1) {
+		env.lat_sou = (int)std::lround(lat - lat_secs_os[p]);
+		env.lon_wes = (int)std::lround(lon - lon_secs_os[p]);
+		load_region(1);
+		return;
+	}
+	auto wrap_lat = [](int v) { return v; };   // the margins keep a step inside -90..90
+	auto wrap_lon = [](int v) { return (int)std::lround(dobwrap(v, -180.0, 180.0)); };
+	if (dlat < lat_buff[p]) { env.lat_sou = wrap_lat(env.lat_sou - 1); load_region(5); }
+	else if (dlat > lat_secs[p] - lat_buff[p]) { env.lat_sou = wrap_lat(env.lat_sou + 1); load_region(4); }
+	else if (dlon < lon_buff[p]) { env.lon_wes = wrap_lon(env.lon_wes - 1); load_region(2); }
+	else if (dlon > lon_secs[p] - lon_buff[p]) { env.lon_wes = wrap_lon(env.lon_wes + 1); load_region(3); }
+}
+
+static int shift_and_clear_call(int typeshift)
+{
+	MP_shift_and_clear(typeshift);
+	return 1;
+}
+
+void load_region(int typeshift)
+{
+	const int p = ret_planet();
+	const double r = con.planet_rad / 6378145.0;
+	const double m = std::fmin(std::fabs((double)env.lat_sou), std::fabs((double)env.lat_sou + lat_secs[p])) * M_PI / 180.0;
+	env.hi_x = (float)(1.01 * std::cos(m) * lon_secs_os[p] * 60.0 * r * con.nmtomtrs);
+	env.lo_x = -env.hi_x;
+	env.lo_z = (float)(-1.01 * (1.0 + std::sin(lon_secs[p] / 2.0 * M_PI / 180.0)) * lat_secs_os[p] * 60.0 * r * con.nmtomtrs);
+	env.hi_z = (float)(1.01 * lat_secs_os[p] * 60.0 * r * con.nmtomtrs);
+	// The grids and positions on a worker, the navigation lists here meanwhile.
+	const int call = THREAD_RunAsync(shift_and_clear_call, typeshift, 0);
+	try {
+		MP_make_airports_and_menus(typeshift);
+	} catch (...) {
+		THREAD_IsDone(call, 60.0f);
+		THREAD_Cleanup(call);
+		throw;
+	}
+	if (!THREAD_IsDone(call, 60.0f)) NB_ALERT("Timed out MP_shift_and_clear_call thread after 60 seconds.", "", "", "", alert_fatal);
+	THREAD_Cleanup(call);
+	for (int i = 0; i < regn_dim_i; i++)
+		for (int j = 0; j < regn_dim_j; j++) tex_use_is_other_quadrant[i][j] = 0;
+	for (int lat_os = 0; lat_os < (int)lat_secs[p]; lat_os++)
+		for (int lon_os = 0; lon_os < (int)lon_secs[p]; lon_os++)
+			read_a_quadrant(env.lat_sou + lat_os, env.lon_wes + lon_os, lat_os, lon_os, typeshift == 1);
+}
+
+void MP_shift_and_clear(int typeshift)
+{
+	const int p = ret_planet();
+	const int dlat = typeshift == 5 ? -1 : typeshift == 4 ? 1 : 0, dlon = typeshift == 2 ? -1 : typeshift == 3 ? 1 : 0;
+	const double lat_n = env.lat_sou + lat_secs_os[p], lon_n = env.lon_wes + lon_secs_os[p];
+	const double lat_o = lat_n - dlat, lon_o = lon_n - dlon;
+	if (typeshift == 1)
+		for (int b : {0, 1, 3, 4}) { env.boat_x[b] = env.boat_z[b] = -9.9e9f; if (b < 2) env.boat_psi[b] = 0.0f; }
+	if (dlat || dlon)
+		for (int a = 0; a < acf_max; a++) {
+			flt_struct& f = flt[a];
+			double lat, lon, ele;
+			xdob_latlonel_with_xyz_ref(lat, lon, ele, f.dob_x, f.dob_y, f.dob_z, lat_o, lon_o);
+			float q_old[4], q_new[4], q_inv[4], h[4];
+			ret_q_horizon(lat, lon, lat_o, lon_o, q_old);
+			ret_q_horizon(lat, lon, lat_n, lon_n, q_new);
+			q_inv[0] = q_new[0]; q_inv[1] = -q_new[1]; q_inv[2] = -q_new[2]; q_inv[3] = -q_new[3];
+			// Velocity and attitude keep their bearing on the horizon at the aircraft.
+			float vx, vy, vz;
+			rot_quat(q_old, f.vx, f.vy, f.vz, &vx, &vy, &vz);
+			rot_quat(q_inv, vx, vy, vz, &f.vx, &f.vy, &f.vz);
+			mul_quat(q_old, f.q, h);
+			mul_quat(q_inv, h, f.q);
+			const float n = std::sqrt(f.q[0] * f.q[0] + f.q[1] * f.q[1] + f.q[2] * f.q[2] + f.q[3] * f.q[3]);
+			if (n > 0.0f)
+				for (float& c : f.q) c /= n;
+			quat_to_euler(f.q, &f.psi, &f.the, &f.phi);
+			xdob_xyz_with_latlonel_ref(f.dob_x, f.dob_y, f.dob_z, lat, lon, ele, lat_n, lon_n);
+		}
+	static const float st_default[4][2] = {{0, 0}, {0, 1}, {1, 1}, {1, 0}};
+	for (int i = 0; i <= regn_imax[p]; i++)
+		for (int j = 0; j <= regn_jmax[p]; j++) {
+			is_apt[i][j] = 0;
+			landuse[i][j] = 15;
+			ter_body_id[i][j] = 0;
+			for (int k = 0; k < 4; k++) { planest[i][j][k][0] = st_default[k][0]; planest[i][j][k][1] = st_default[k][1]; }
+			double x, y, z;
+			xdob_xyz_with_latlonel_ref(x, y, z, env.lat_sou + (double)j / file_jmax[p], env.lon_wes + (double)i / file_imax[p], 0.0, lat_n, lon_n);
+			planexyz[i][j][0] = (float)x; planexyz[i][j][1] = (float)y; planexyz[i][j][2] = (float)z;
+		}
+}
+
+int poly_is_wet(int i, int j)
+{
+	if (i < 0 || j < 0 || i + 1 >= regn_dim_i || j + 1 >= regn_dim_j) return 1;
+	auto wet = [](uint16_t u) { return u == 14 || u == 15; };
+	return wet(landuse[i][j]) || wet(landuse[i][j + 1]) || wet(landuse[i + 1][j + 1]) || wet(landuse[i + 1][j]);
+}
