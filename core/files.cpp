@@ -276,3 +276,10 @@ int ouf_open(const std::string& path, int ftype, int version)
 	}
 	return 1;
 }
+
+int ouf_close_text_data()
+{
+	ouf << "99\n";
+	ouf.close();
+	return !ouf.fail();
+}

@@ -36,6 +36,7 @@ void str_to_buf(char* dst, const std::string& src);   // into a char[500]; a lon
 // Streams.
 int inf_open(const std::string& path, int ftype, int version, int alert_bad_version);
 int ouf_open(const std::string& path, int ftype, int version);
+int ouf_close_text_data();   // the "99" end line, then closes; 1 when all was written
 int int_scan(const char* what);
 unsigned uin_scan(const char* what);
 float flt_scan(const char* what);

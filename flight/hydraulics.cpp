@@ -9,12 +9,7 @@ float ret_rpm_rat(int en)
 {
 	const veh_struct& v = veh[0];
 	const flt_struct& f = flt[0];
-	if (v.has_collective) {
-		int coll_en = 0;
-		for (int k = 0; k < v.num_thrustpoints && k < engn_max; k++)
-			if (v.prop_type[k] == 3) { coll_en = k; break; }
-		return f.POINT_tac_rad[coll_en] / fltmax2(v.RSC_redline_PROP, 1e-3f);
-	}
+	if (v.has_collective) return f.POINT_tac_rad[intlim(v.collective_en, 0, engn_max - 1)] / fltmax2(v.RSC_redline_PROP, 1e-3f);
 	const int t = v.engn_type[en];
 	if (t == 4 || t == 5) return f.ENGN_N1_[en] / 100.0f;
 	if (t == 6) return 1.0f;   // a rocket's pump runs off its own turbine

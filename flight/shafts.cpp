@@ -53,8 +53,8 @@ static float prerotator_trq(float system_omega)
 	const float gear = v.prop_gear_rat[0] != 0.0f ? v.prop_gear_rat[0] : 1.0f;
 	const float target = fltmax2(0.85f * v.RSC_redline_PROP * gear, 1.0f);
 	const float short_of = (target - system_omega) / target;
-	const float rat = stg.pre_rotate_level >= 1 ? (short_of > 0.0f ? 1.5f : short_of < 0.0f ? -1.5f : 0.0f) * fltmin2(std::fabs(short_of) * 50.0f, 1.0f)
-	                                            : fltlim(short_of, -0.5f, 0.5f);
+	// Full torque until within 2% of the target, then easing off.
+	const float rat = stg.pre_rotate_level >= 1 ? fltlim(75.0f * short_of, -1.5f, 1.5f) : fltlim(short_of, -0.5f, 0.5f);
 	return rat * v.trq_max_eng;
 }
 

@@ -24,13 +24,6 @@ namespace {
 // Surface index of the file (1..13) to surface texture.
 const int surf_tex_of_index[14] = {162, 162, 163, 164, 165, 166, 168, 169, 170, 171, 154, 155, 167, 177};
 
-int ret_surf_index(int surf_tex)
-{
-	for (int k = 1; k <= 13; k++)
-		if (surf_tex_of_index[k] == surf_tex) return k;
-	return 1;
-}
-
 int clamp_i(int v, int lo, int hi) { return v < lo ? lo : v > hi ? hi : v; }
 float clamp_f(float v, float lo, float hi) { return v < lo ? lo : v > hi ? hi : v; }
 
@@ -60,6 +53,27 @@ void close_airport(std::vector<vec_apt_struct>& v, size_t first_new)
 }
 
 }  // namespace
+
+int ret_surf_tex(int surface_index) { return surf_tex_of_index[clamp_i(surface_index, 1, 13)]; }
+
+int ret_surf_index(int surf_tex)
+{
+	for (int k = 1; k <= 13; k++)
+		if (surf_tex_of_index[k] == surf_tex) return k;
+	return 1;
+}
+
+int& ret_apt_frq(vec_apt_struct& a, int k)
+{
+	int* f[7] = {&a.int_AWOS, &a.int_unicom, &a.int_clearance, &a.int_ground, &a.int_tower, &a.int_approach, &a.int_departure};
+	return *f[clamp_i(k, 0, 6)];
+}
+
+std::string& ret_apt_frq_label(vec_apt_struct& a, int k)
+{
+	std::string* s[7] = {&a.str_AWOS, &a.str_unicom, &a.str_clearance, &a.str_ground, &a.str_tower, &a.str_approach, &a.str_departure};
+	return *s[clamp_i(k, 0, 6)];
+}
 
 uint32_t apt_hash_key(const char* apt_id)
 {
@@ -145,7 +159,7 @@ static int read_apt(const std::string& path, int alert_on_open)
 				r.roughness = 0.5f;
 				r.dis_left = !taxiway;
 			}
-			r.surf_tex = surf_tex_of_index[clamp_i(surface, 1, 13)];
+			r.surf_tex = ret_surf_tex(surface);
 			if (version < 702) r.markings = r.surf_tex <= 163 ? 3 : 0;
 			end_row(add, &c, c_max);
 			if (!taxiway)
@@ -197,10 +211,8 @@ static int read_apt(const std::string& path, int alert_on_open)
 		case 50: case 51: case 52: case 53: case 54: case 55: case 56: {
 			const int frq = TXT_MAP_int_scan(add, &c, c_max);
 			TXT_MAP_str_scan(add, &c, c_max, text, sizeof text);
-			int* f[7] = {&a->int_AWOS, &a->int_unicom, &a->int_clearance, &a->int_ground, &a->int_tower, &a->int_approach, &a->int_departure};
-			std::string* s[7] = {&a->str_AWOS, &a->str_unicom, &a->str_clearance, &a->str_ground, &a->str_tower, &a->str_approach, &a->str_departure};
-			*f[code - 50] = frq;
-			*s[code - 50] = text;
+			ret_apt_frq(*a, code - 50) = frq;
+			ret_apt_frq_label(*a, code - 50) = text;
 			break;
 		}
 		default:
@@ -245,18 +257,14 @@ static int write_apt(const std::string& path)
 			std::snprintf(line, sizeof line, "19 %11.6f %12.6f %1d Windsock", s.lat, s.lon, s.lit ? 1 : 0);
 			put(line);
 		}
-		const int f[7] = {a.int_AWOS, a.int_unicom, a.int_clearance, a.int_ground, a.int_tower, a.int_approach, a.int_departure};
-		const std::string* s[7] = {&a.str_AWOS, &a.str_unicom, &a.str_clearance, &a.str_ground, &a.str_tower, &a.str_approach, &a.str_departure};
 		for (int k = 0; k < 7; k++)
-			if (f[k] > 0) {
-				std::snprintf(line, sizeof line, "%2d %5d %s", 50 + k, f[k], s[k]->c_str());
+			if (ret_apt_frq(a, k) > 0) {
+				std::snprintf(line, sizeof line, "%2d %5d %s", 50 + k, ret_apt_frq(a, k), ret_apt_frq_label(a, k).c_str());
 				put(line);
 			}
 	}
 	put("");
-	put("99");
-	ouf.close();
-	return !ouf.fail();
+	return ouf_close_text_data();
 }
 
 int IO_apt(int IO_type, const std::string& path)

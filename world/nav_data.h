@@ -123,5 +123,12 @@ int IO_apt(int IO_type, const std::string& path);   // 0 read the planet's file,
 void finish_apt();
 int get_index_from_id(const std::string& id_req, int type_req, int* index, float lat_des, float lon_des);
 uint32_t apt_hash_key(const char* apt_id);
+int ret_surf_tex(int surface_index);      // the file's surface index 1..13 to a surface texture
+int ret_surf_index(int surf_tex);         // and back
+// Frequency rows 50 + k, k 0..6: AWOS, unicom, clearance, ground, tower, approach, departure.
+int& ret_apt_frq(vec_apt_struct& a, int k);
+std::string& ret_apt_frq_label(vec_apt_struct& a, int k);
+inline int ret_apt_frq(const vec_apt_struct& a, int k) { return ret_apt_frq(const_cast<vec_apt_struct&>(a), k); }
+inline const std::string& ret_apt_frq_label(const vec_apt_struct& a, int k) { return ret_apt_frq_label(const_cast<vec_apt_struct&>(a), k); }
 void get_basic_specs_with_apt_ID();
 std::string ret_nav_folder();   // the planet's nav-data folder, ':' separated

@@ -61,9 +61,7 @@ int IO_nav(int IO_type)
 			              n.h / con.fttomtrs, (double)n.frq, range_nm, n.psi_true, n.nav_id, n.nav_name.c_str());
 			ouf << line << "\n";
 		}
-		ouf << "99\n";
-		ouf.close();
-		return !ouf.fail();
+		return ouf_close_text_data();
 	}
 	unsigned char* add = nullptr;
 	XMappedFile file(path.c_str(), &add);
@@ -112,9 +110,7 @@ int IO_fix(int IO_type)
 			std::snprintf(line, sizeof line, "%11.6f %12.6f %s", x.lat, x.lon, x.fix_name);
 			ouf << line << "\n";
 		}
-		ouf << "99\n";
-		ouf.close();
-		return !ouf.fail();
+		return ouf_close_text_data();
 	}
 	unsigned char* add = nullptr;
 	XMappedFile file(path.c_str(), &add);
@@ -148,9 +144,7 @@ int IO_awy(int IO_type)
 			              (int)w.lohi, w.awy_name.c_str());
 			ouf << line << "\n";
 		}
-		ouf << "99\n";
-		ouf.close();
-		return !ouf.fail();
+		return ouf_close_text_data();
 	}
 	unsigned char* add = nullptr;
 	XMappedFile file(path.c_str(), &add);

@@ -56,7 +56,7 @@ float ret_mag_var(float lat, float lon)
 	// Near the poles the variation turns right round between cells: blend the differences.
 	const float base = raw_mag_var[r][c];
 	auto rel = [base](float v) { return fltwrap(v - base, -180.0f, 180.0f); };
-	const float v = base + (1 - fy) * ((1 - fx) * 0.0f + fx * rel(raw_mag_var[r][c + 1])) +
+	const float v = base + (1 - fy) * fx * rel(raw_mag_var[r][c + 1]) +
 	                fy * ((1 - fx) * rel(raw_mag_var[r + 1][c]) + fx * rel(raw_mag_var[r + 1][c + 1]));
 	return fltwrap(v, -180.0f, 180.0f);
 }

@@ -40,10 +40,9 @@ void check_for_shift(double lat, double lon)
 		load_region(1);
 		return;
 	}
-	auto wrap_lat = [](int v) { return v; };   // the margins keep a step inside -90..90
-	auto wrap_lon = [](int v) { return (int)std::lround(dobwrap(v, -180.0, 180.0)); };
-	if (dlat < lat_buff[p]) { env.lat_sou = wrap_lat(env.lat_sou - 1); load_region(5); }
-	else if (dlat > lat_secs[p] - lat_buff[p]) { env.lat_sou = wrap_lat(env.lat_sou + 1); load_region(4); }
+	auto wrap_lon = [](int v) { return (int)std::lround(dobwrap(v, -180.0, 180.0)); };   // latitude steps stay inside by the margins
+	if (dlat < lat_buff[p]) { env.lat_sou--; load_region(5); }
+	else if (dlat > lat_secs[p] - lat_buff[p]) { env.lat_sou++; load_region(4); }
 	else if (dlon < lon_buff[p]) { env.lon_wes = wrap_lon(env.lon_wes - 1); load_region(2); }
 	else if (dlon > lon_secs[p] - lon_buff[p]) { env.lon_wes = wrap_lon(env.lon_wes + 1); load_region(3); }
 }

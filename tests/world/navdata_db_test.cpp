@@ -1,5 +1,6 @@
 // The generated apt.dat against the airport database it was made from, and the
 // converter on a small database made here.
+#include "support/great_circle.h"
 #include "world/nav_data.h"
 #include "core/HL_MAIN.h"
 #include "core/HL_MATH_FUN.h"
@@ -16,20 +17,7 @@
 
 namespace {
 
-constexpr double R = 6371008.8, D = M_PI / 180.0;
-
-double dist_m(double a1, double o1, double a2, double o2)
-{
-	const double a = std::sin((a2 - a1) * D / 2), b = std::sin((o2 - o1) * D / 2);
-	return 2 * R * std::asin(std::sqrt(a * a + std::cos(a1 * D) * std::cos(a2 * D) * b * b));
-}
-
-double bearing(double a1, double o1, double a2, double o2)
-{
-	const double y = std::sin((o2 - o1) * D) * std::cos(a2 * D);
-	const double x = std::cos(a1 * D) * std::sin(a2 * D) - std::sin(a1 * D) * std::cos(a2 * D) * std::cos((o2 - o1) * D);
-	return std::fmod(std::atan2(y, x) / D + 360.0, 360.0);
-}
+using namespace great_circle;
 
 std::string text(sqlite3_stmt* st, int k)
 {

@@ -39,10 +39,8 @@ void show_airport(const vec_apt_struct& a)
 	for (const vec_rwy_struct& r : a.rwy)
 		std::printf("rwy %s %.6f %.6f %.3f %.0f %.0f %d\n", r.num_str, r.lat, r.lon, r.psi_true, r.len / con.fttomtrs,
 		            r.width / con.fttomtrs, r.surf_tex);
-	const int f[7] = {a.int_AWOS, a.int_unicom, a.int_clearance, a.int_ground, a.int_tower, a.int_approach, a.int_departure};
-	const std::string* s[7] = {&a.str_AWOS, &a.str_unicom, &a.str_clearance, &a.str_ground, &a.str_tower, &a.str_approach, &a.str_departure};
 	for (int k = 0; k < 7; k++)
-		if (f[k] > 0) std::printf("frq %d %.2f %s\n", 50 + k, f[k] / 100.0, s[k]->c_str());
+		if (ret_apt_frq(a, k) > 0) std::printf("frq %d %.2f %s\n", 50 + k, ret_apt_frq(a, k) / 100.0, ret_apt_frq_label(a, k).c_str());
 	for (const vec_sta_struct& t : a.sta) std::printf("sta %.6f %.6f %.2f %s\n", t.lat, t.lon, t.psi, t.sta_name.c_str());
 }
 

@@ -187,8 +187,7 @@ int world_navdata(int argc, char** argv)
 				w.disp = (float)near + (float)far / 10000.0f;   // near end's feet, far end's as the fraction
 				w.code = r.lighted ? 30030 : 0;                 // runway edge lights at both ends
 				const int si = surface_index(r.surface, heli, big);
-				static const int tex[14] = {162, 162, 163, 164, 165, 166, 168, 169, 170, 171, 154, 155, 167, 177};
-				w.surf_tex = tex[si];
+				w.surf_tex = ret_surf_tex(si);
 				w.markings = si <= 2 ? 3 : 0;
 				w.roughness = si <= 2 ? 0.1f : 0.5f;
 				w.dis_left = big && si <= 2;
@@ -204,18 +203,16 @@ int world_navdata(int argc, char** argv)
 				w.lat = (float)sqlite3_column_double(st, 7);
 				w.lon = (float)sqlite3_column_double(st, 8);
 				w.len = w.width = (float)(50.0 * con.fttomtrs);
-				w.surf_tex = 177;
+				w.surf_tex = ret_surf_tex(13);   // a helipad
 				w.roughness = 0.1f;
 				a.rwy.push_back(w);
 			}
 			if (a.rwy.empty()) { left_out["airport: no runway placed"]++; continue; }
 			const std::vector<int>& f = freqs[id];
 			if (f.size() == 7) {
-				int* dst[7] = {&a.int_AWOS, &a.int_unicom, &a.int_clearance, &a.int_ground, &a.int_tower, &a.int_approach, &a.int_departure};
-				std::string* lab[7] = {&a.str_AWOS, &a.str_unicom, &a.str_clearance, &a.str_ground, &a.str_tower, &a.str_approach, &a.str_departure};
 				static const char* names7[7] = {"ATIS", "UNICOM", "CLNC DEL", "GROUND", "TOWER", "APPROACH", "DEPARTURE"};
 				for (int k = 0; k < 7; k++)
-					if (f[k]) { *dst[k] = f[k]; *lab[k] = names7[k]; }
+					if (f[k]) { ret_apt_frq(a, k) = f[k]; ret_apt_frq_label(a, k) = names7[k]; }
 			}
 			a.atc_twr = type == "large_airport" || a.int_tower > 0;
 			taken.insert(apt_id);
