@@ -100,6 +100,7 @@ static void open_log(std::ofstream& s, const std::string& name)
 void MACIBM_init()
 {
 	zero_all_records();
+	ren.ground_is_vis = 1;   // the terrain is shown unless the user turns it off
 	init_tables();
 	// Seed the process's own generator from the clock, drawing a clock-dependent number of times.
 	unsigned seed = (unsigned)(time_sec() * 1000.0f);

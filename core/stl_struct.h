@@ -3,4 +3,5 @@
 
 struct stl_struct {
 	char sys_path[1024];   // the program's folder, with a trailing separator
+	char custom_scene_path[1024];   // the package the current quadrant came from, ':' path; empty for ours
 };

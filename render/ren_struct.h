@@ -11,6 +11,8 @@ struct ren_struct {
 	float all_bucs_dx, all_bucs_dh, all_bucs_dz, cld_buc_dx, cld_buc_dz;
 	float shad_x1, shad_z1, shad_dspm, shad_dtpm;
 	int shadow_final_tex;
+	int ground_is_vis;          // the terrain is drawn, so the block's files are read
+	unsigned tex_vram[7000];    // OpenGL names by texture number; 1000 + n the custom terrain textures
 };
 
 struct scn_struct {

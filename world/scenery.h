@@ -2,6 +2,8 @@
 // the quadrant files, and the calls that move the block as the aircraft flies.
 #pragma once
 #include <cstdint>
+#include <string>
+#include <vector>
 
 constexpr int regn_dim_i = 451, regn_dim_j = 401;   // Earth's block; Mars fits inside
 extern const float lat_buff[2], lon_buff[2];         // margin at the edge that moves the block, degrees
@@ -16,6 +18,34 @@ extern char ter_body_id[regn_dim_i][regn_dim_j];
 extern char is_apt[regn_dim_i][regn_dim_j];
 extern char tex_use_is_other_quadrant[regn_dim_i][regn_dim_j];
 
+// Per-cell lists of linear features: left edge x y z, right edge x y z, heading and length
+// to the next record, code (1 dry, 2 wet, 3 last dry before wet, -999 piece ends, 0 not
+// drawn), unit normal.
+struct vec_lin_struct { float data[12]; };
+struct vec_hwy_car_struct { int r; float s; float dir; };
+struct buc_struct {
+	std::vector<vec_lin_struct> vec_roads, vec_trail, vec_rails, vec_power, vec_taxis, vec_river;
+	std::vector<vec_hwy_car_struct> vec_hwy_car;
+	std::vector<int> vec_ins;   // objects standing in the cell, filled by the object builder
+};
+extern buc_struct buc[regn_dim_i][regn_dim_j];
+
+// Objects queued by a load, built once the block is complete.
+struct obs_lis_struct {
+	int typ;
+	std::string basic_path, scene_path;
+	float x_cent, z_cent, psi, dh;
+};
+extern std::vector<obs_lis_struct> obs_lis;
+void MPSP_manage_obs_lis(float x_cent, float z_cent, float psi, float dh, const std::string& basic_path, int typ, int mode);
+
+constexpr int cus_tex_dim = 6000;
+extern std::string cus_tex_path[cus_tex_dim];   // the block's custom terrain textures, landuse 1000 + n
+extern float planet_xyz[361][181][3];           // the one-degree globe at elevation 0
+void SP_finish_planet();
+
 void MP_shift_and_clear(int typeshift);   // turns what has a position, empties the grids
 void read_a_quadrant(int lat_file, int lon_file, int lat_os, int lon_os, int force_read);
 int poly_is_wet(int i, int j);
+std::string rel_abs_custom_file_path(int type, const std::string& name);   // 5 objects, 18 terrain textures, in the quadrant's package
+void plot_build_rwy(int apt_wrl, int rwy_wrl, float* corner_lat, float* corner_lon, float* corner_ele, int plot_runways);

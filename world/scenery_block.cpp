@@ -8,6 +8,7 @@
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
 #include "core/files.h"
+#include "plugin/HL_PLUGIN.h"
 #include <cmath>
 
 const float lat_buff[2] = {0.475f, 1.9f}, lon_buff[2] = {0.95f, 2.375f};
@@ -21,6 +22,10 @@ uint16_t landuse[regn_dim_i][regn_dim_j];
 char ter_body_id[regn_dim_i][regn_dim_j];
 char is_apt[regn_dim_i][regn_dim_j];
 char tex_use_is_other_quadrant[regn_dim_i][regn_dim_j];
+buc_struct buc[regn_dim_i][regn_dim_j];
+std::vector<obs_lis_struct> obs_lis;
+std::string cus_tex_path[cus_tex_dim];
+float planet_xyz[361][181][3];
 
 static int ret_planet() { return env.planet == 1 ? 1 : 0; }
 
@@ -47,6 +52,8 @@ void check_for_shift(double lat, double lon)
 	else if (dlon > lon_secs[p] - lon_buff[p]) { env.lon_wes = wrap_lon(env.lon_wes + 1); load_region(3); }
 }
 
+static void manage_custom_textures();
+
 static int shift_and_clear_call(int typeshift)
 {
 	MP_shift_and_clear(typeshift);
@@ -62,6 +69,7 @@ void load_region(int typeshift)
 	env.lo_x = -env.hi_x;
 	env.lo_z = (float)(-1.01 * (1.0 + std::sin(lon_secs[p] / 2.0 * M_PI / 180.0)) * lat_secs_os[p] * 60.0 * r * con.nmtomtrs);
 	env.hi_z = (float)(1.01 * lat_secs_os[p] * 60.0 * r * con.nmtomtrs);
+	MPSP_manage_obs_lis(0.0f, 0.0f, 0.0f, 0.0f, "", 0, 0);
 	// The grids and positions on a worker, the navigation lists here meanwhile.
 	const int call = THREAD_RunAsync(shift_and_clear_call, typeshift, 0);
 	try {
@@ -78,6 +86,47 @@ void load_region(int typeshift)
 	for (int lat_os = 0; lat_os < (int)lat_secs[p]; lat_os++)
 		for (int lon_os = 0; lon_os < (int)lon_secs[p]; lon_os++)
 			read_a_quadrant(env.lat_sou + lat_os, env.lon_wes + lon_os, lat_os, lon_os, typeshift == 1);
+	SP_finish_planet();   // the drawing of the block and its objects come with the rendering steps
+	manage_custom_textures();
+	NBPEventHook(6, 0.0f, 0, 0, 0);
+}
+
+// Custom terrain textures no cell uses any more give up their slot; too many in use at
+// once is bad scenery.
+static void manage_custom_textures()
+{
+	static char used[cus_tex_dim];
+	for (char& u : used) u = 0;
+	const int p = ret_planet();
+	for (int i = 0; i <= regn_imax[p]; i++)
+		for (int j = 0; j <= regn_jmax[p]; j++)
+			if (landuse[i][j] >= 1000 && landuse[i][j] < 1000 + cus_tex_dim) used[landuse[i][j] - 1000] = 1;
+	int in_use = 0;
+	for (int t = 0; t < cus_tex_dim; t++) {
+		if (!used[t] && !cus_tex_path[t].empty()) {
+			cus_tex_path[t].clear();
+			ren.tex_vram[1000 + t] = 0;
+		}
+		in_use += !cus_tex_path[t].empty();
+	}
+	if (in_use > 3000) NB_ALERT("Too many custom textures!", "", "", "", alert_fatal);
+}
+
+void MPSP_manage_obs_lis(float x_cent, float z_cent, float psi, float dh, const std::string& basic_path, int typ, int mode)
+{
+	if (mode == 0) obs_lis.clear();
+	if (mode == 1) obs_lis.push_back({typ, basic_path, stl.custom_scene_path, x_cent, z_cent, psi, dh});
+	// mode 2, building the queue, comes with the objects
+}
+
+void SP_finish_planet()
+{
+	for (int lon = 0; lon <= 360; lon++)
+		for (int lat = 0; lat <= 180; lat++) {
+			double x, y, z;
+			xdob_xyz_with_latlonel(x, y, z, lat - 90.0, lon - 180.0, 0.0);
+			planet_xyz[lon][lat][0] = (float)x; planet_xyz[lon][lat][1] = (float)y; planet_xyz[lon][lat][2] = (float)z;
+		}
 }
 
 void MP_shift_and_clear(int typeshift)
@@ -110,6 +159,12 @@ void MP_shift_and_clear(int typeshift)
 			xdob_xyz_with_latlonel_ref(f.dob_x, f.dob_y, f.dob_z, lat, lon, ele, lat_n, lon_n);
 		}
 	static const float st_default[4][2] = {{0, 0}, {0, 1}, {1, 1}, {1, 0}};
+	for (int i = 0; i < regn_dim_i; i++)
+		for (int j = 0; j < regn_dim_j; j++) {
+			buc_struct& b = buc[i][j];
+			b.vec_roads.clear(); b.vec_trail.clear(); b.vec_rails.clear(); b.vec_power.clear();
+			b.vec_taxis.clear(); b.vec_river.clear(); b.vec_hwy_car.clear(); b.vec_ins.clear();
+		}
 	for (int i = 0; i <= regn_imax[p]; i++)
 		for (int j = 0; j <= regn_jmax[p]; j++) {
 			is_apt[i][j] = 0;
