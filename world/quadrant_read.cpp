@@ -21,7 +21,7 @@ int planet() { return env.planet == 1 ? 1 : 0; }
 
 void scenery_alert(const char* what, const std::string& path)
 {
-	NB_ALERT(what, "The file is", path, "", alert_fatal);
+	NB_ALERT(what, "The file is", ret_host_path(path), "", alert_fatal);
 }
 
 // The file that serves this square: a custom package's at version 650 first, else ours.
@@ -206,7 +206,7 @@ void check_objects_and_lists(quad_cursor& c, int version, int lat_file, int lon_
 	int r;
 	while ((r = quad_read_object(c, &o)) == 1) {
 		if (!inside_square(o.lat, o.lon, lat_file, lon_file)) {
-			NB_ALERT("Found an object outside of the ENV file!", "This is not acceptable!", "The file is", path, alert_fatal);
+			NB_ALERT("Found an object outside of the ENV file!", "This is not acceptable!", "The file is", ret_host_path(path), alert_fatal);
 			return;
 		}
 		if (o.type < 1 || o.type > 8 || o.type == 7) { scenery_alert("Bad object type!", path); return; }

@@ -133,19 +133,25 @@ struct square_maker {
 				vertex_out& o = v[(size_t)j * bi + i];
 				o.sea = !mask[m];
 				o.h = o.sea ? 0.0 : relief_height(lat, lon, coast[m], seed);
-				double nearest = 1e9;
+				// Airports: flat at the nearest one's elevation inside its ground, blended by
+				// weight outside, whatever order the airports come in.
+				double nearest = 1e9, nearest_elev = 0.0, w_max = 0.0, w_sum = 0.0, we_sum = 0.0;
 				for (const apt_site* a : near) {
 					double d = 1e9;
 					for (const apt_runway& r : a->rwy) d = std::min(d, dist_to_runway(lat, lon, r) - r.half_w);
-					nearest = std::min(nearest, d);
+					if (d < nearest) { nearest = d; nearest_elev = a->elev_m; }
 					const double w = 1.0 - smooth01((d - flat_margin_m) / blend_m);
-					if (w > 0.0) o.h = o.h * (1.0 - w) + a->elev_m * w;
-					if (d < flat_margin_m + 250.0) o.sea = 0;   // the airport's ground is dry
+					w_max = std::max(w_max, w);
+					w_sum += w;
+					we_sum += w * a->elev_m;
 					const double radius = a->city == 2 ? 6000.0 : a->city == 1 ? 2800.0 : 0.0;
 					if (radius > 0.0 && d < radius * (0.75 + 0.5 * noise01(lon * 40.0, lat * 40.0, seed + 21))) city[(size_t)j * bi + i] = 1;
 				}
 				apt_d[(size_t)j * bi + i] = nearest;
+				if (nearest < flat_margin_m + 250.0) o.sea = 0;   // the airport's ground is dry
 				if (o.sea) o.h = 0.0;
+				else if (nearest <= flat_margin_m) o.h = nearest_elev;
+				else if (w_sum > 0.0) o.h = o.h * (1.0 - w_max) + we_sum / w_sum * w_max;
 			}
 
 		quadrant_data q;
