@@ -62,7 +62,12 @@ int fly_terrain(int argc, char** argv)
 		init_sim();
 		ren.ground_is_vis = 1;
 		for (const auto& p : pts) {
-			check_for_shift(p.first, p.second);   // a reload only when the point leaves the block's middle
+			// A reload only when the point leaves the block's middle; a step a call, as frames make them.
+			for (int step = 0; step < 8; step++) {
+				const int sou = env.lat_sou, wes = env.lon_wes;
+				check_for_shift(p.first, p.second);
+				if (step > 0 && sou == env.lat_sou && wes == env.lon_wes) break;
+			}
 			double x, y, z;
 			xdob_xyz_with_latlonel(x, y, z, p.first, p.second, 0.0);
 			int i = 0, j = 0;

@@ -66,12 +66,13 @@ double noise01(double x, double y, uint32_t seed)
 	return a + (b - a) * v;
 }
 
-double relief_height(double lat, double lon, double coast_km, uint32_t seed)
+double relief_height(double lat, double lon, double coast_km, uint32_t seed, double base_m, double base_share)
 {
 	const double x = lon * km_per_deg_lon, y = lat * km_per_deg_lat;
 	// Where the ranges stand: broad belts, about a third of the land.
 	const double belt = smoothstep(0.52, 0.72, fbm(x, y, 260.0, 3, seed + 1));
-	const double plains = 80.0 + 1300.0 * smoothstep(0.3, 0.8, fbm(x, y, 180.0, 4, seed + 2));   // low ground to plateaus
+	const double noise_plains = 80.0 + 1300.0 * smoothstep(0.3, 0.8, fbm(x, y, 180.0, 4, seed + 2));   // low ground to plateaus
+	const double plains = noise_plains + (base_m - noise_plains) * std::clamp(base_share, 0.0, 1.0);
 	const double rolling = (300.0 + 500.0 * belt) * std::max(0.0, fbm(x, y, 35.0, 4, seed + 6) - 0.35);
 	const double hills = (140.0 + 700.0 * belt) * std::fabs(2.0 * fbm(x, y, 9.0, 6, seed + 3) - 1.0);
 	const double ranges = 2300.0 * belt * ridged(x, y, 55.0, 7, seed + 4);

@@ -12,7 +12,9 @@ struct relief_inputs {
 
 constexpr double relief_coast_cap_km = 20.0;
 
-double relief_height(double lat, double lon, double coast_km, uint32_t seed);   // metres, land above 1
+// Metres, land at 1 or more; base_m is the land's general height where known, standing in
+// for the noise's plains by the share base_share (0..1).
+double relief_height(double lat, double lon, double coast_km, uint32_t seed, double base_m, double base_share);
 // Land use of a dry vertex: 0 grass, 2 broadleaf forest, 3 conifer forest, 4 desert,
 // 5 rock, 6 snow, 7 town; 14 an inland lake. City ground (1) is the caller's, round airports.
 int relief_land_use(const relief_inputs& in, double height, uint32_t seed);

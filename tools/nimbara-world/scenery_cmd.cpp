@@ -24,13 +24,19 @@ constexpr double cell_km_i = 90.0 / grid_per_deg_lon, cell_km_j = 111.2 / grid_p
 
 struct apt_runway { double lat0, lon0, lat1, lon1, half_w; };
 struct apt_site {
+	int type;                                // 1 airport, 16 seaplane base, 17 heliport
 	double lat, lon, elev_m;
 	double lat_lo, lat_hi, lon_lo, lon_hi;   // runway extent
 	int city;                                // 0 none, else the radius class: 1 medium, 2 large
 	std::vector<apt_runway> rwy;
 };
 
-constexpr double flat_margin_m = 150.0, blend_m = 1400.0;
+// Flat ground reaches past a runway's edge far enough that the whole grid cell under it is
+// flat; beyond, the terrain blends in.
+constexpr double flat_margin_m = 900.0, blend_m = 1500.0;
+// The land's general height follows its airports' (a weighted mean of those within
+// base_radius_m), the noise adding the relief.
+constexpr double base_radius_m = 60000.0, base_core_m = 5000.0;
 
 // Airports, heliports and seaplane bases with their runways: type and elevation in feet
 // on the header row, then "10" rows; a number starting "x" is a taxiway.
@@ -57,6 +63,7 @@ int read_airports(const std::string& path, std::vector<apt_site>* out, std::stri
 			ls >> elev_ft;
 			out->push_back({});
 			cur = &out->back();
+			cur->type = code;
 			cur->elev_m = elev_ft * 0.3048;
 			cur->lat_lo = cur->lon_lo = 1e9;
 			cur->lat_hi = cur->lon_hi = -1e9;
@@ -116,9 +123,12 @@ struct square_maker {
 		land_raster(land, gi0, gj0, ni, nj, &mask);
 		const std::vector<float> coast = coast_distance(mask, ni, nj);
 
-		std::vector<const apt_site*> near;
-		for (const apt_site& a : apts)
+		std::vector<const apt_site*> near, region;
+		const double lon_reach = 0.8 / std::max(std::cos((std::fabs(lat_file + 0.5) + 1.0) * M_PI / 180.0), 0.05);
+		for (const apt_site& a : apts) {
 			if (a.lat_hi > lat_file - 0.1 && a.lat_lo < lat_file + 1.1 && a.lon_hi > lon_file - 0.15 && a.lon_lo < lon_file + 1.15) near.push_back(&a);
+			if (a.lat > lat_file - 0.7 && a.lat < lat_file + 1.7 && a.lon > lon_file - lon_reach && a.lon < lon_file + 1 + lon_reach) region.push_back(&a);
+		}
 
 		// Heights and the sea with a border of one vertex.
 		const int bi = ni_core + 2, bj = nj_core + 2;
@@ -132,14 +142,33 @@ struct square_maker {
 				const size_t m = (size_t)(gj - gj0) * ni + (gi - gi0);
 				vertex_out& o = v[(size_t)j * bi + i];
 				o.sea = !mask[m];
-				o.h = o.sea ? 0.0 : relief_height(lat, lon, coast[m], seed);
+				o.h = 0.0;
+				if (!o.sea) {
+					// The airports' weighted mean height; where none is near, the noise's own plains.
+					double w_base = 0.0, we_base = 0.0;
+					const double c = std::cos(lat * M_PI / 180.0);
+					for (const apt_site* a : region) {
+						if (a->type != 1) continue;   // a heliport's height may be a roof's
+						const double dn = (a->lat - lat) * m_per_deg_lat, de = (a->lon - lon) * c * m_per_deg_lat, d2 = dn * dn + de * de;
+						if (d2 >= base_radius_m * base_radius_m) continue;
+						const double w = 1.0 / (d2 + base_core_m * base_core_m) - 1.0 / (base_radius_m * base_radius_m + base_core_m * base_core_m);
+						w_base += w;
+						we_base += w * a->elev_m;
+					}
+					const double share = w_base / (w_base + 2.0 / (base_radius_m * base_radius_m));
+					o.h = relief_height(lat, lon, coast[m], seed, share > 0.0 ? we_base / w_base : 0.0, share);
+				}
 				// Airports: flat at the nearest one's elevation inside its ground, blended by
 				// weight outside, whatever order the airports come in.
+				// An airfield's ground goes before a heliport's where the two meet.
 				double nearest = 1e9, nearest_elev = 0.0, w_max = 0.0, w_sum = 0.0, we_sum = 0.0;
+				int nearest_heli = 1;
 				for (const apt_site* a : near) {
 					double d = 1e9;
 					for (const apt_runway& r : a->rwy) d = std::min(d, dist_to_runway(lat, lon, r) - r.half_w);
-					if (d < nearest) { nearest = d; nearest_elev = a->elev_m; }
+					const int heli = a->type == 17;
+					const bool first = d <= flat_margin_m && (nearest > flat_margin_m || heli < nearest_heli);
+					if (first || (d < nearest && (heli == nearest_heli || nearest > flat_margin_m))) { nearest = d; nearest_elev = a->elev_m; nearest_heli = heli; }
 					const double w = 1.0 - smooth01((d - flat_margin_m) / blend_m);
 					w_max = std::max(w_max, w);
 					w_sum += w;
@@ -148,7 +177,7 @@ struct square_maker {
 					if (radius > 0.0 && d < radius * (0.75 + 0.5 * noise01(lon * 40.0, lat * 40.0, seed + 21))) city[(size_t)j * bi + i] = 1;
 				}
 				apt_d[(size_t)j * bi + i] = nearest;
-				if (nearest < flat_margin_m + 250.0) o.sea = 0;   // the airport's ground is dry
+				if (nearest < flat_margin_m + 300.0) o.sea = 0;   // the airport's ground is dry
 				if (o.sea) o.h = 0.0;
 				else if (nearest <= flat_margin_m) o.h = nearest_elev;
 				else if (w_sum > 0.0) o.h = o.h * (1.0 - w_max) + we_sum / w_sum * w_max;
