@@ -1,0 +1,251 @@
+// The generated terrain: the build's region against the coastline and the airport
+// database it came from, its relief against real land's, and the generator elsewhere.
+#include "world/quadrant_file.h"
+#include "world/scenery.h"
+#include "core/HL_MAIN.h"
+#include "core/HL_MATH_FUN.h"
+#include "core/HL_TYPES.h"
+#include "core/files.h"
+#include "world/HL_WORLD.h"
+#include "world/nav_data.h"
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <map>
+#include <set>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const std::string earth_nav = std::string(NIMBARA_DATA_TREE) + "/Resources/Earth nav data/";
+constexpr int south = 31, north = 37, west = -121, east = -113;
+
+std::string square_path(const std::string& folder, int lat, int lon)
+{
+	std::string rel = return_latlon_str_ENV(lat, lon);
+	std::replace(rel.begin(), rel.end(), '\\', '/');
+	return folder + rel;
+}
+
+// Every square of the build's region, read once.
+const std::map<std::pair<int, int>, quadrant_data>& region()
+{
+	static std::map<std::pair<int, int>, quadrant_data> squares;
+	if (squares.empty())
+		for (int lat = south; lat < north; lat++)
+			for (int lon = west; lon < east; lon++) {
+				std::string why;
+				quadrant_data q;
+				if (read_quadrant(square_path(earth_nav, lat, lon), &q, &why)) squares[{lat, lon}] = std::move(q);
+			}
+	return squares;
+}
+
+const quad_vertex& vertex_at(const quadrant_data& q, int ii, int jj) { return q.vertices[(size_t)jj * (q.imax + 1) + ii]; }
+
+// The vertex nearest a place in the build's region.
+const quad_vertex& nearest(double lat, double lon)
+{
+	const int la = (int)std::floor(lat), lo = (int)std::floor(lon);
+	const quadrant_data& q = region().at({la, lo});
+	return vertex_at(q, (int)std::lround((lon - lo) * q.imax), (int)std::lround((lat - la) * q.jmax));
+}
+
+int use_of(const quad_vertex& v) { return split_land_code(v.land_code).use; }
+
+int run_world(const std::string& args)
+{
+	const std::string cmd = std::string("'") + NIMBARA_WORLD_EXE + "' " + args + " > /dev/null 2>&1";
+	const int r = std::system(cmd.c_str());
+	return WIFEXITED(r) ? WEXITSTATUS(r) : -1;
+}
+
+// The ground the flight model meets, with the block loaded round the place.
+double ground_at(double lat, double lon, int* wet)
+{
+	double x, y, z;
+	xdob_xyz_with_latlonel(x, y, z, lat, lon, 0.0);
+	int i = 0, j = 0;
+	float vx, vy, vz;
+	const float g = find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 1);
+	*wet = poly_is_wet(i, j);
+	double la, lo, ele;
+	xdob_latlonel_with_xyz(la, lo, ele, x, g, z);
+	return ele;
+}
+
+void start_world(const std::string& nav_folder)
+{
+	zero_all_records();
+	init_con();
+	set_planet_specs(0);
+	ren.ground_is_vis = 1;
+	ean_path = nav_folder;
+	cus_path = nav_folder + "no custom scenery:";
+	vec_apt.clear(); vec_nav.clear(); vec_fix.clear(); vec_awy.clear();
+}
+
+}  // namespace
+
+TEST(GeneratedScenery, TheBuildsRegionIsCompleteAndNeighboursAgreeOnEdges)
+{
+	ASSERT_EQ(region().size(), (size_t)(north - south) * (east - west));
+	for (const auto& [at, q] : region()) {
+		EXPECT_EQ(q.version, 650);
+		EXPECT_TRUE(q.objects.empty());
+		for (const auto& l : q.lists) EXPECT_TRUE(l.empty());
+		EXPECT_TRUE(q.textures.empty());
+		for (int jj = 0; jj <= q.jmax; jj += 7)
+			for (int ii = 0; ii <= q.imax; ii += 5) {
+				double lat, lon;
+				code_to_lat_lon(vertex_at(q, ii, jj).pos_code, at.first, at.second, &lat, &lon);
+				ASSERT_NEAR(lat, at.first + (double)jj / q.jmax, 0.6 / 9999);
+				ASSERT_NEAR(lon, at.second + (double)ii / q.imax, 0.6 / 9999);
+			}
+		const auto east_n = region().find({at.first, at.second + 1}), north_n = region().find({at.first + 1, at.second});
+		for (int jj = 0; east_n != region().end() && jj <= q.jmax; jj++) {
+			EXPECT_EQ(vertex_at(q, q.imax, jj).elev_m, vertex_at(east_n->second, 0, jj).elev_m);
+			EXPECT_EQ(vertex_at(q, q.imax, jj).land_code, vertex_at(east_n->second, 0, jj).land_code);
+		}
+		for (int ii = 0; north_n != region().end() && ii <= q.imax; ii++) {
+			EXPECT_EQ(vertex_at(q, ii, q.jmax).elev_m, vertex_at(north_n->second, ii, 0).elev_m);
+			EXPECT_EQ(vertex_at(q, ii, q.jmax).land_code, vertex_at(north_n->second, ii, 0).land_code);
+		}
+	}
+}
+
+TEST(GeneratedScenery, SeaWhereTheCoastlineSaysItAndLandInland)
+{
+	// Open water, kilometres from any shore: the Pacific, Santa Monica Bay, the Gulf of California.
+	for (const auto& [lat, lon] : {std::pair{33.0, -120.0}, {32.5, -118.0}, {33.9, -118.65}, {31.3, -114.3}, {34.0, -120.9}}) {
+		EXPECT_EQ(use_of(nearest(lat, lon)), 15) << lat << " " << lon;
+		EXPECT_EQ(nearest(lat, lon).elev_m, 0) << lat << " " << lon;
+	}
+	// Land: the Mojave, Las Vegas, El Cajon, Santa Catalina Island, Baja's mountains.
+	for (const auto& [lat, lon] : {std::pair{35.0, -116.5}, {36.17, -115.14}, {32.8, -116.96}, {33.38, -118.42}, {31.5, -115.8}}) {
+		EXPECT_NE(use_of(nearest(lat, lon)), 15) << lat << " " << lon;
+		EXPECT_GE(nearest(lat, lon).elev_m, 1) << lat << " " << lon;
+	}
+}
+
+TEST(GeneratedScenery, ReliefAndSlopesLikeRealLand)
+{
+	std::vector<double> elev, slope, shore;
+	std::set<int> uses;
+	for (const auto& [at, q] : region()) {
+		const double dx = 111195.0 * std::cos((at.first + 0.5) * M_PI / 180.0) / q.imax, dz = 111195.0 / q.jmax;
+		for (int jj = 1; jj < q.jmax; jj++)
+			for (int ii = 1; ii < q.imax; ii++) {
+				const quad_vertex& v = vertex_at(q, ii, jj);
+				uses.insert(use_of(v));
+				if (use_of(v) == 15) continue;
+				elev.push_back(v.elev_m);
+				const double sx = (vertex_at(q, ii + 1, jj).elev_m - vertex_at(q, ii - 1, jj).elev_m) / (2 * dx);
+				const double sz = (vertex_at(q, ii, jj + 1).elev_m - vertex_at(q, ii, jj - 1).elev_m) / (2 * dz);
+				slope.push_back(std::hypot(sx, sz));
+				const bool by_sea = use_of(vertex_at(q, ii + 1, jj)) == 15 || use_of(vertex_at(q, ii - 1, jj)) == 15 ||
+				                    use_of(vertex_at(q, ii, jj + 1)) == 15 || use_of(vertex_at(q, ii, jj - 1)) == 15;
+				if (by_sea) shore.push_back(v.elev_m);
+			}
+	}
+	auto pct = [](std::vector<double>& v, double p) {
+		std::nth_element(v.begin(), v.begin() + (long)(p * (v.size() - 1)), v.end());
+		return v[(size_t)(p * (v.size() - 1))];
+	};
+	ASSERT_GT(elev.size(), 100000u);
+	// Heights: the land of the south-west runs from the coast to peaks of 3 to 4 km.
+	EXPECT_GE(pct(elev, 0.0), -90.0);   // below the sea only at the fields by the Salton Sea and in Death Valley
+	EXPECT_GT(pct(elev, 0.95) - pct(elev, 0.05), 1000.0);
+	EXPECT_GT(pct(elev, 1.0), 2500.0);
+	EXPECT_LT(pct(elev, 1.0), 4500.0);
+	// Slopes at half-kilometre spacing: mostly gentle, steep in the ranges, cliffs rare.
+	EXPECT_GT(pct(slope, 0.5), 0.005);
+	EXPECT_LT(pct(slope, 0.5), 0.15);
+	EXPECT_GT(pct(slope, 0.95), 0.1);
+	EXPECT_LT(pct(slope, 0.99), 1.0);
+	EXPECT_LT(std::count_if(slope.begin(), slope.end(), [](double s) { return s > 1.5; }), (long)(slope.size() / 1000));
+	// Low near the coast.
+	ASSERT_GT(shore.size(), 1000u);
+	EXPECT_LT(pct(shore, 0.5), 40.0);
+	EXPECT_LT(pct(shore, 0.9), 300.0);
+	// Every land use of the table, water first in it, appears somewhere.
+	for (int u : {14, 15, 0, 1, 2, 3, 4, 5, 6, 7}) EXPECT_EQ(uses.count(u), 1u) << u;
+}
+
+TEST(GeneratedScenery, TheRegionsAirfieldsStandOnDryGroundAtTheirElevation)
+{
+	start_world(std::string(NIMBARA_DATA_TREE) + "/Resources:Earth nav data:");
+	ASSERT_EQ(IO_apt(0, ""), 1);
+	// Blocks covering the region, each loaded once; each runway looked at in its block.
+	int checked = 0, level = 0, dry = 0;
+	for (int sou = south; sou < north; sou += 2)
+		for (int wes = west; wes < east; wes += 3) {
+			env.lat_sou = sou;
+			env.lon_wes = wes;
+			load_region(1);
+			for (const vec_apt_struct& a : vec_apt) {
+				if (a.apt_type != 1) continue;
+				for (const vec_rwy_struct& r : a.rwy) {
+					if (r.num_str[0] == 'x' || r.lat < sou || r.lat >= sou + 2 || r.lon < wes || r.lon >= std::min(wes + 3, east)) continue;
+					int wet;
+					const double g = ground_at(r.lat, r.lon, &wet);
+					checked++;
+					level += std::fabs(g - a.h) < 1.0;
+					dry += !wet;
+					if (std::fabs(g - a.h) >= 1.0 || wet) std::printf("%s %s: ground %.1f, elevation %.1f, wet %d\n", a.apt_id, r.num_str, g, a.h, wet);
+				}
+			}
+		}
+	EXPECT_GT(checked, 200);
+	EXPECT_EQ(dry, checked);
+	// A runway that a heliport's flat ground also covers takes the lower of the two
+	// heights, and a block holds 300 airports: a few may differ.
+	EXPECT_GE(level, checked * 98 / 100);
+}
+
+TEST(GeneratedScenery, ElsewhereTwoRunsAgreeAndTheSimulatorFindsTheFieldFlat)
+{
+	const std::string dir = std::string(NIMBARA_TEST_TREE) + "/elsewhere/";
+	fs::remove_all(dir);
+	fs::create_directories(dir + "a");
+	fs::create_directories(dir + "b");
+	// A field in the Alpine foothills whose runway crosses the edge between two squares.
+	std::ofstream(dir + "apt.dat") << "I\n715 a test field\n\n"
+	                                  " 1   1640 0 0 LSXX Edge Field\n"
+	                                  "10   46.300000    7.990000  09  90.000  6000    0.0000    0.0000  100        0  1 0 3 0.25 0\n\n99\n";
+	const std::string land = std::string(" --land '") + WORLD_ATLAS_LAND + "' --apt '" + dir + "apt.dat'";
+	ASSERT_EQ(run_world("scenery --south 46 --west 7 --north 47 --east 8 --seed 5" + land + " --out '" + dir + "a'"), 0);
+	ASSERT_EQ(run_world("scenery --south 46 --west 8 --north 47 --east 9 --seed 5" + land + " --out '" + dir + "b'"), 0);
+	quadrant_data w, e;
+	std::string why;
+	ASSERT_EQ(read_quadrant(square_path(dir + "a/", 46, 7), &w, &why), 1) << why;
+	ASSERT_EQ(read_quadrant(square_path(dir + "b/", 46, 8), &e, &why), 1) << why;
+	int differ = 0;
+	for (int jj = 0; jj <= w.jmax; jj++)
+		differ += vertex_at(w, w.imax, jj).elev_m != vertex_at(e, 0, jj).elev_m || vertex_at(w, w.imax, jj).land_code != vertex_at(e, 0, jj).land_code;
+	EXPECT_EQ(differ, 0);
+	// Both squares in one folder, read by the simulator.
+	fs::copy_file(square_path(dir + "b/", 46, 8), square_path(dir + "a/", 46, 8));
+	start_world(dir + "a/");
+	ASSERT_EQ(IO_apt(0, dir + "apt.dat"), 1);
+	env.lat_sou = 45;
+	env.lon_wes = 6;
+	load_region(1);
+	const double h = 1640 * 0.3048, m_per_deg_lon = 111195.0 * std::cos(46.3 * M_PI / 180.0);
+	for (double along = -850.0; along <= 850.0; along += 50.0) {
+		int wet;
+		EXPECT_NEAR(ground_at(46.3, 7.99 + along / m_per_deg_lon, &wet), h, 0.05) << along;
+		EXPECT_EQ(wet, 0);
+	}
+	// Asked wrongly: said, and exit status 1.
+	EXPECT_EQ(run_world("scenery --south 46 --west 7 --north 47 --east 8 --land '" + std::string(WORLD_ATLAS_LAND) + "' --apt '" + dir + "none.dat' --out '" + dir + "c'"), 1);
+	EXPECT_EQ(run_world("scenery --south 46 --west 7 --north 47 --east 8 --land '" + dir + "none.json' --apt '" + dir + "apt.dat' --out '" + dir + "c'"), 1);
+	EXPECT_EQ(run_world("scenery --south 46 --west 7 --north 47 --east 8 --land '" + dir + "apt.dat' --apt '" + dir + "apt.dat' --out '" + dir + "c'"), 1);
+	EXPECT_EQ(run_world("scenery --south 89 --west 7 --north 95 --east 8" + land + " --out '" + dir + "c'"), 1);
+	EXPECT_EQ(run_world("scenery --south 46 --west 170 --north 47 --east 190" + land + " --out '" + dir + "c'"), 1);
+	EXPECT_FALSE(fs::exists(dir + "c"));
+}
