@@ -117,6 +117,8 @@ int fly_run(int argc, char** argv)
 	env.planet = 0;
 	env.lat_sou = (int)std::lround(lat - lat_secs_os[0]);
 	env.lon_wes = (int)std::lround(lon - lon_secs_os[0]);
+	ren.ground_is_vis = 1;   // the ground is there to fly over
+	load_region(1);
 	xdob_xyz_with_latlonel(f.dob_x, f.dob_y, f.dob_z, lat, lon, alt_ft * con.fttomtrs);
 	xdob_latlonel_with_xyz(f.dob_lat, f.dob_lon, f.dob_ele, f.dob_x, f.dob_y, f.dob_z);
 	// Heading and pitch are given against the horizon where the aircraft is, which the
