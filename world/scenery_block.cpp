@@ -158,6 +158,15 @@ void MP_shift_and_clear(int typeshift)
 			quat_to_euler(f.q, &f.psi, &f.the, &f.phi);
 			xdob_xyz_with_latlonel_ref(f.dob_x, f.dob_y, f.dob_z, lat, lon, ele, lat_n, lon_n);
 		}
+	// Boats out on the water keep their place on the planet; those set away stay away.
+	if (dlat || dlon)
+		for (int b = 0; b < boat_max; b++) {
+			if (env.boat_x[b] < -9e9f || env.boat_z[b] < -9e9f) continue;
+			double lat, lon, ele, x, y, z;
+			xdob_latlonel_with_xyz_ref(lat, lon, ele, env.boat_x[b], env.boat_y[b], env.boat_z[b], lat_o, lon_o);
+			xdob_xyz_with_latlonel_ref(x, y, z, lat, lon, ele, lat_n, lon_n);
+			env.boat_x[b] = (float)x; env.boat_y[b] = (float)y; env.boat_z[b] = (float)z;
+		}
 	static const float st_default[4][2] = {{0, 0}, {0, 1}, {1, 1}, {1, 0}};
 	for (int i = 0; i < regn_dim_i; i++)
 		for (int j = 0; j < regn_dim_j; j++) {

@@ -314,3 +314,20 @@ TEST_F(Quadrants, TheGroundIsFoundFromAnyStartingCellAndOffTheGrid)
 	EXPECT_EQ(i, 449);
 	EXPECT_EQ(j, 399);
 }
+
+TEST_F(Quadrants, CustomTexturesTakeASlotAndGiveItUpWhenNoCellUsesThem)
+{
+	quadrant_data q = plane_square(35, -118);
+	for (int ii = 0; ii < 20; ii++) q.vertices[(size_t)30 * 151 + ii].land_code = make_land_code({1, 0, 3, 4, 1001});
+	q.textures = {"Untitled", "fields/patchwork"};
+	put(q, 35, -118);
+	load_region(1);
+	EXPECT_EQ(cus_tex_path[0], ean_path + "custom terrain textures:fields/patchwork.bmp");
+	EXPECT_EQ(landuse[150 + 5][200 + 30], 1000);   // renumbered to the slot the block gave it
+	EXPECT_EQ(ter_body_id[150 + 5][200 + 30], 0);
+	EXPECT_EQ(tex_use_is_other_quadrant[150 + 5][200 + 30], 1);
+	EXPECT_TRUE(cus_tex_path[1].empty());
+	put(plane_square(35, -118), 35, -118);
+	load_region(1);
+	EXPECT_TRUE(cus_tex_path[0].empty());
+}

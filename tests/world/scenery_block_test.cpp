@@ -76,7 +76,17 @@ TEST_F(BlockMoves, AMoveKeepsWhereTheAircraftIsAndHowItFliesOverTheGround)
 	mul_quat(qi, qh, f.q);
 	rot_quat(qi, 30.0f, -2.0f, -50.0f, &f.vx, &f.vy, &f.vz);
 	const seen before = look(f);
+	double bx, by, bz;
+	xdob_xyz_with_latlonel(bx, by, bz, 35.2, -117.3, 0.0);
+	env.boat_x[2] = (float)bx; env.boat_y[2] = (float)by; env.boat_z[2] = (float)bz;
+	env.boat_x[5] = env.boat_z[5] = -9.9e9f;   // set away
 	check_for_shift(35.56, -116.92);   // the north margin first
+	double blat, blon, bele;
+	xdob_latlonel_with_xyz(blat, blon, bele, env.boat_x[2], env.boat_y[2], env.boat_z[2]);
+	EXPECT_NEAR(blat, 35.2, 1e-5);
+	EXPECT_NEAR(blon, -117.3, 1e-5);
+	EXPECT_NEAR(bele, 0.0, 0.5);
+	EXPECT_LT(env.boat_x[5], -9e9f);
 	ASSERT_EQ(env.lat_sou, 35);
 	ASSERT_EQ(env.lon_wes, -119);
 	const seen after = look(f);
