@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The trainer's engine at full throttle low down, leaned to best power: rpm and power
+# The trainer's engine at full throttle low down over the sea, leaned to best power: rpm and power
 # close to its rated 2700 rpm and 180 hp (less the thinner air at 1000 ft), and fuel flow
 # close to power times its specific fuel consumption of 0.45 lb per hp per hour.
 set -u
@@ -7,7 +7,7 @@ fly=$1
 tree=$2
 tmp=$(mktemp -d)
 trap 'rm -rf "$tmp"' EXIT
-"$fly" run --aircraft "$tree/Aircraft/General Aviation/Wren 180/Wren 180.acf" --alt-ft 1000 --kias 105 --throttle 1 \
+"$fly" run --aircraft "$tree/Aircraft/General Aviation/Wren 180/Wren 180.acf" --lat 33.5 --lon -118.8 --alt-ft 1000 --kias 105 --throttle 1 \
 	--mixture 0.77 --calm --seconds 8 --fields ENGN_tacrad[0],ENGN_power[0],ENGN_FF_kgs[0],ENGN_sigma[0] --csv "$tmp/e.csv" ||
 	{ echo "FAIL: the run failed"; exit 1; }
 tail -1 "$tmp/e.csv" | awk -F, '{

@@ -12,13 +12,13 @@ trap 'rm -rf "$tmp"' EXIT
 fail() { echo "FAIL: $*"; exit 1; }
 wren="$tree/Aircraft/General Aviation/Wren 180/Wren 180.acf"
 heli="$tree/Aircraft/Helicopters/Hornet 250/Hornet 250.acf"
-"$fly" run --aircraft "$wren" --alt-ft 1000 --kias 0 --throttle 1 --mixture 0.77 --hold-still --seconds 10 \
+"$fly" run --aircraft "$wren" --lat 33.5 --lon -118.8 --alt-ft 1000 --kias 0 --throttle 1 --mixture 0.77 --hold-still --seconds 10 \
 	--fields ENGN_tacrad[0],POINT_thrust[0],L --csv "$tmp/s.csv" || fail "static run"
 tail -1 "$tmp/s.csv" | awk -F, '{
 	if ($3 < 1500 || $3 > 4500) { printf "FAIL: static thrust %.0f N\n", $3; exit 1 }
 	if ($4 >= 0) { printf "FAIL: a clockwise propeller should roll the aircraft left, L %.0f\n", $4; exit 1 }
 	printf "trainer on the stand: %.0f rpm, %.0f N of thrust\n", $2 * 9.5493, $3 }' || exit 1
-"$fly" run --aircraft "$wren" --alt-ft 3000 --kias 90 --throttle 1 --mixture 0.77 --calm --seconds 30 \
+"$fly" run --aircraft "$wren" --lat 33.5 --lon -118.8 --alt-ft 3000 --kias 90 --throttle 1 --mixture 0.77 --calm --seconds 30 \
 	--fields drag_path_axis,AV_msc,m_total,dob_ele,vx,vy,vz,alpha,faxil_prop_acf,fnrml_prop_acf --csv "$tmp/c.csv" || fail "climb run"
 awk -F, 'NR == 1 || $4 == 0 { next }
 {
@@ -31,7 +31,7 @@ END {
 	if ((Es - E0) / W < 0.97 || (Es - E0) / W > 1.03) { printf "FAIL: gained %.1f m, thrust less drag gives %.1f m\n", Es - E0, W; exit 1 }
 	printf "trainer at full throttle: %.0f ft/min of energy climb, matching thrust less drag\n", (Es - E0) / 30 * 196.85
 }' "$tmp/c.csv" || exit 1
-"$fly" run --aircraft "$heli" --alt-ft 1000 --kias 0 --throttle 0.8 --collective 0.15 --hold-still --seconds 20 \
+"$fly" run --aircraft "$heli" --lat 33.5 --lon -118.8 --alt-ft 1000 --kias 0 --throttle 0.8 --collective 0.15 --hold-still --seconds 20 \
 	--fields POINT_tac_rad[0],POINT_thrust[0],POINT_DVinc[0],POINT_drag_TRQ[0],dob_ele --csv "$tmp/h.csv" || fail "rotor run"
 tail -1 "$tmp/h.csv" | awk -F, '{
 	rho = 1.1901; A = 3.14159265 * (16.65 * 0.3048) ^ 2; T = $3; P = $5 * $2
@@ -41,8 +41,8 @@ tail -1 "$tmp/h.csv" | awk -F, '{
 	if (FM < 0.5 || FM > 0.8) { printf "FAIL: figure of merit %.2f\n", FM; exit 1 }
 	printf "rotor: %.0f N, wash %.2f m/s against %.2f, figure of merit %.2f\n", T, $4, far, FM }' || exit 1
 for a in "$wren" "$heli"; do
-	"$fly" run --aircraft "$a" --alt-ft 1000 --kias 0 --engines-off --hold-still --seconds 5 --csv "$tmp/r.csv" || fail "rest"
-	"$fly" run --aircraft "$a" --alt-ft 1000 --kias 60 --throttle 1 --mixture 0 --seconds 30 --csv "$tmp/t.csv" || fail "stop"
+	"$fly" run --aircraft "$a" --lat 33.5 --lon -118.8 --alt-ft 1000 --kias 0 --engines-off --hold-still --seconds 5 --csv "$tmp/r.csv" || fail "rest"
+	"$fly" run --aircraft "$a" --lat 33.5 --lon -118.8 --alt-ft 1000 --kias 60 --throttle 1 --mixture 0 --seconds 30 --csv "$tmp/t.csv" || fail "stop"
 	grep -qiE 'nan|inf' "$tmp/r.csv" "$tmp/t.csv" && fail "a number went bad at rest or stopping in $a"
 done
 echo "propellers and rotors behave"
