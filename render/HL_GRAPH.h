@@ -1,5 +1,6 @@
 // The graphics layer: start-up of the world renderer, the frame, the buffer swap.
 #pragma once
+#include <string>
 
 void init_world_rendering(int stage);
 void set_up_runway_geo(int apt_wrl, int rwy_wrl);   // fills the runway's vec_rwy_geo entry
@@ -14,3 +15,4 @@ int build_a_orig();
 void OGL_report_situation();   // the OpenGL report at the head of Error.out
 void OGL_init_state();         // the fixed OpenGL state set once at start
 void load_plane_geo(int build, int a, int b, int p);   // the aircraft's drawing geometry
+void build_obs(float x, float z, float psi, float dh, const std::string& path, int typ, int mode);   // one scenery object into the block

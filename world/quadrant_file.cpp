@@ -102,8 +102,14 @@ int write_quadrant(const std::string& host_path, const quadrant_data& q)
 				o.f32(p.lat);
 				o.f32(p.lon);
 				o.bytes(p.tag == 'e' ? "e" : "p", 1);
-			} else
-				o.i32(p.code);
+			} else {
+				// A chain's last point is its code made negative; the south-west corner, whose
+				// code is 0, goes 1 step east to be told apart. No point may read as the list's
+				// end, 99: that one goes a step east too.
+				int code = std::abs(p.code);
+				if (code == quad_list_end) code++;
+				o.i32(p.tag == 'e' ? -(code == 0 ? 1 : code) : code);
+			}
 		if (l == quad_taxis) {
 			o.f32(0.0f);
 			o.f32(0.0f);

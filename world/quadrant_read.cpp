@@ -3,6 +3,7 @@
 // and the objects, linear features and texture names checked on the way through.
 #include "world/scenery.h"
 #include "world/quadrant_file.h"
+#include "world/quadrant_lines.h"
 #include "world/HL_WORLD.h"
 #include "world/nav_data.h"
 #include "core/HL_MAIN.h"
@@ -12,6 +13,7 @@
 #include "platform/plat.h"
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <strings.h>
 
@@ -199,8 +201,24 @@ bool inside_square(double lat, double lon, int lat_file, int lon_file)
 	return lat >= lat_file && lat <= lat_file + 1 && lon >= lon_file && lon <= lon_file + 1;
 }
 
-// Objects and linear features: read and checked here; the block builds them later.
-void check_objects_and_lists(quad_cursor& c, int version, int lat_file, int lon_file, const std::string& path)
+// An object of the file into the block's queue, heights in metres.
+void queue_object(const quad_object& o)
+{
+	if (o.type == 1 || o.type == 4) return;   // reserved
+	double x, y, z;
+	xdob_xyz_with_latlonel(x, y, z, o.lat, o.lon, 0.0);
+	const float dh = o.psi_dy * con.fttomtrs;
+	switch (o.type) {
+	case 2: MPSP_manage_obs_lis((float)x, (float)z, 0.0f, dh, "block", o.psi_dy < 300.0f ? 2 : 90 + std::rand() % 4, 1); break;
+	case 3: MPSP_manage_obs_lis((float)x, (float)z, 0.0f, dh, "radio tower", 3, 1); break;
+	case 5: MPSP_manage_obs_lis((float)x, (float)z, 0.0f, dh, "cooling tower", 5, 1); break;
+	case 6: MPSP_manage_obs_lis((float)x, (float)z, 0.0f, dh, "stacks", 6, 1); break;
+	default: MPSP_manage_obs_lis((float)x, (float)z, o.psi_dy, 0.0f, rel_abs_custom_file_path(5, o.name), 8, 1); break;
+	}
+}
+
+// Objects into the queue, linear features into the cells.
+void read_objects_and_lists(quad_cursor& c, int version, int lat_file, int lon_file, int i_from, int j_from, const std::string& path)
 {
 	quad_object o;
 	int r;
@@ -210,16 +228,22 @@ void check_objects_and_lists(quad_cursor& c, int version, int lat_file, int lon_
 			return;
 		}
 		if (o.type < 1 || o.type > 8 || o.type == 7) { scenery_alert("Bad object type!", path); return; }
+		queue_object(o);
 	}
 	if (r < 0) { scenery_alert("Scenery file ended inside its objects!", path); return; }
+	const int p_ = planet();
 	for (int l = 0; l < quad_num_lists(version); l++) {
+		line_reader lines;
+		lines.start(l, lat_file, lon_file, i_from, j_from, file_imax[p_], file_jmax[p_]);
 		quad_point p;
 		while ((r = quad_read_point(c, l == quad_taxis, &p)) == 1) {
 			double lat = p.lat, lon = p.lon;
 			if (l != quad_taxis) code_to_lat_lon(p.code, lat_file, lon_file, &lat, &lon);
 			if (!inside_square(lat, lon, lat_file, lon_file)) { scenery_alert("Lat lon out of range for linear segment!", path); return; }
+			lines.point(lat, lon, p.tag == 'e');
 		}
 		if (r < 0) { scenery_alert("Scenery file ended inside its linear features!", path); return; }
+		lines.finish();
 	}
 }
 
@@ -294,6 +318,6 @@ void read_a_quadrant(int lat_file, int lon_file, int lat_os, int lon_os, int for
 	untwist(i_from, j_from, imax, jmax);
 	if (p == 0) city_pattern(i_from, j_from, imax, jmax);
 	flatten_runways(lat_file, lon_file, i_from, j_from, imax, jmax);
-	check_objects_and_lists(c, version, lat_file, lon_file, path);
+	read_objects_and_lists(c, version, lat_file, lon_file, i_from, j_from, path);
 	read_textures(c, i_from, j_from, imax, jmax);
 }

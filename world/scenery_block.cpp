@@ -9,7 +9,9 @@
 #include "core/HL_TYPES.h"
 #include "core/files.h"
 #include "plugin/HL_PLUGIN.h"
+#include "render/HL_GRAPH.h"
 #include <cmath>
+#include <cstring>
 
 const float lat_buff[2] = {0.475f, 1.9f}, lon_buff[2] = {0.95f, 2.375f};
 const int file_imax[2] = {150, 64}, file_jmax[2] = {200, 64};
@@ -87,6 +89,7 @@ void load_region(int typeshift)
 		for (int lon_os = 0; lon_os < (int)lon_secs[p]; lon_os++)
 			read_a_quadrant(env.lat_sou + lat_os, env.lon_wes + lon_os, lat_os, lon_os, typeshift == 1);
 	SP_finish_planet();   // the drawing of the block and its objects come with the rendering steps
+	MPSP_manage_obs_lis(0.0f, 0.0f, 0.0f, 0.0f, "", 0, 2);
 	manage_custom_textures();
 	NBPEventHook(6, 0.0f, 0, 0, 0);
 }
@@ -116,7 +119,15 @@ void MPSP_manage_obs_lis(float x_cent, float z_cent, float psi, float dh, const 
 {
 	if (mode == 0) obs_lis.clear();
 	if (mode == 1) obs_lis.push_back({typ, basic_path, stl.custom_scene_path, x_cent, z_cent, psi, dh});
-	// mode 2, building the queue, comes with the objects
+	if (mode != 2) return;
+	// Each object is built as if its own package's quadrant were being read.
+	char keep[sizeof stl.custom_scene_path];
+	std::memcpy(keep, stl.custom_scene_path, sizeof keep);
+	for (const obs_lis_struct& o : obs_lis) {
+		str_to_buf(stl.custom_scene_path, o.scene_path);
+		build_obs(o.x_cent, o.z_cent, o.psi, o.dh, o.basic_path, o.typ, 10);
+	}
+	std::memcpy(stl.custom_scene_path, keep, sizeof keep);
 }
 
 void SP_finish_planet()

@@ -125,8 +125,9 @@ struct square_maker {
 
 		std::vector<const apt_site*> near, region;
 		const double lon_reach = 0.8 / std::max(std::cos((std::fabs(lat_file + 0.5) + 1.0) * M_PI / 180.0), 0.05);
+		const double near_lon = 0.1 / std::max(std::cos((std::fabs(lat_file + 0.5) + 1.0) * M_PI / 180.0), 0.05);   // city ground reaches 7.5 km
 		for (const apt_site& a : apts) {
-			if (a.lat_hi > lat_file - 0.1 && a.lat_lo < lat_file + 1.1 && a.lon_hi > lon_file - 0.15 && a.lon_lo < lon_file + 1.15) near.push_back(&a);
+			if (a.lat_hi > lat_file - 0.1 && a.lat_lo < lat_file + 1.1 && a.lon_hi > lon_file - near_lon && a.lon_lo < lon_file + 1 + near_lon) near.push_back(&a);
 			if (a.lat > lat_file - 0.7 && a.lat < lat_file + 1.7 && a.lon > lon_file - lon_reach && a.lon < lon_file + 1 + lon_reach) region.push_back(&a);
 		}
 
