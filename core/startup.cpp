@@ -101,6 +101,7 @@ void MACIBM_init()
 {
 	zero_all_records();
 	ren.ground_is_vis = 1;   // the terrain is shown unless the user turns it off
+	for (int b = 0; b < boat_max; b++) env.boat_x[b] = env.boat_z[b] = -9.9e9f;   // no boat until a block places it
 	init_tables();
 	// Seed the process's own generator from the clock, drawing a clock-dependent number of times.
 	unsigned seed = (unsigned)(time_sec() * 1000.0f);

@@ -16,3 +16,4 @@ void OGL_report_situation();   // the OpenGL report at the head of Error.out
 void OGL_init_state();         // the fixed OpenGL state set once at start
 void load_plane_geo(int build, int a, int b, int p);   // the aircraft's drawing geometry
 void build_obs(float x, float z, float psi, float dh, const std::string& path, int typ, int mode);   // one scenery object into the block
+extern float planenrml[451][401][3];   // the block's vertex normals, relief exaggerated for lighting

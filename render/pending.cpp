@@ -3,7 +3,6 @@
 #include "platform/plat.h"
 #include <GL/gl.h>
 
-void init_world_rendering(int) {}   // world renderer: later step
 void WORLD_scene_all_cases()        // the frame: later step; until then a plain sky
 {
 	if (!plat_has_gl()) return;

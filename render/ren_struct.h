@@ -17,5 +17,7 @@ struct ren_struct {
 
 struct scn_struct {
 	int num_objects;
+	int fire_avail, fire_on;     // a fire burns in the block
+	float firexyz[10][3];
 	float vis_scale;   // size of the pilot's aircraft for effects
 };

@@ -93,3 +93,19 @@ float find_local_y(float x, float z, float* vx, float* vy, float* vz, int* i_io,
 	(void)fullcheck;   // ships, object roofs, outside terrain and bumps come with ground contact
 	return env.terrain_ctr[1] - (x - env.terrain_ctr[0]) * nx - (z - env.terrain_ctr[2]) * nz;
 }
+
+// A place's x and z where it stands on the ground: away from the frame's reference the
+// local vertical leans, so the point at sea level is a little off the point on a hill.
+void xz_on_ground(double lat, double lon, double* x, double* z)
+{
+	double y;
+	xdob_xyz_with_latlonel(*x, y, *z, lat, lon, 0.0);
+	for (int pass = 0; pass < 2; pass++) {
+		int i = 0, j = 0;
+		float vx, vy, vz;
+		const float g = find_local_y((float)*x, (float)*z, &vx, &vy, &vz, &i, &j, 0);
+		double la, lo, ele;
+		xdob_latlonel_with_xyz(la, lo, ele, *x, g, *z);
+		xdob_xyz_with_latlonel(*x, y, *z, lat, lon, ele);
+	}
+}

@@ -90,8 +90,8 @@ void line_reader::start(int kind_, int lat_file_, int lon_file_, int i_from, int
 
 void line_reader::point(double lat, double lon, bool last)
 {
-	double x, y, z;
-	xdob_xyz_with_latlonel(x, y, z, lat, lon, 0.0);
+	double x, z;
+	xz_on_ground(lat, lon, &x, &z);
 	if (have_old) {
 		if (kind == quad_power) towers(x, z, last);
 		else segment(x, z, last);
@@ -272,10 +272,14 @@ void line_reader::unlink_tower(int i, int j, int n)
 
 bool inside_cell(int i, int j, float x, float z)
 {
+	// Signed distance from each edge, metres; a point on an edge, within half a metre, is in.
 	auto in_tri = [&](const float* a, const float* b, const float* c) {
-		auto e = [&](const float* p, const float* q) { return (q[0] - p[0]) * (z - p[2]) - (q[2] - p[2]) * (x - p[0]); };
-		const float e0 = e(a, b), e1 = e(b, c), e2 = e(c, a);
-		return (e0 >= -0.01f && e1 >= -0.01f && e2 >= -0.01f) || (e0 <= 0.01f && e1 <= 0.01f && e2 <= 0.01f);
+		auto e = [&](const float* p, const float* q) {
+			const double ex = q[0] - p[0], ez = q[2] - p[2], len = std::sqrt(ex * ex + ez * ez);
+			return len > 0.0 ? (ex * (z - p[2]) - ez * (x - p[0])) / len : 0.0;
+		};
+		const double e0 = e(a, b), e1 = e(b, c), e2 = e(c, a);
+		return (e0 >= -0.5 && e1 >= -0.5 && e2 >= -0.5) || (e0 <= 0.5 && e1 <= 0.5 && e2 <= 0.5);
 	};
 	if (i < 0 || j < 0 || i + 1 >= regn_dim_i || j + 1 >= regn_dim_j) return false;
 	return in_tri(planexyz[i][j], planexyz[i][j + 1], planexyz[i + 1][j]) || in_tri(planexyz[i + 1][j + 1], planexyz[i][j + 1], planexyz[i + 1][j]);

@@ -205,8 +205,8 @@ bool inside_square(double lat, double lon, int lat_file, int lon_file)
 void queue_object(const quad_object& o)
 {
 	if (o.type == 1 || o.type == 4) return;   // reserved
-	double x, y, z;
-	xdob_xyz_with_latlonel(x, y, z, o.lat, o.lon, 0.0);
+	double x, z;
+	xz_on_ground(o.lat, o.lon, &x, &z);
 	const float dh = o.psi_dy * con.fttomtrs;
 	switch (o.type) {
 	case 2: MPSP_manage_obs_lis((float)x, (float)z, 0.0f, dh, "block", o.psi_dy < 300.0f ? 2 : 90 + std::rand() % 4, 1); break;

@@ -43,9 +43,12 @@ constexpr int cus_tex_dim = 6000;
 extern std::string cus_tex_path[cus_tex_dim];   // the block's custom terrain textures, landuse 1000 + n
 extern float planet_xyz[361][181][3];           // the one-degree globe at elevation 0
 void SP_finish_planet();
+void MP_finish_planet(int typeshift);   // airport buildings and towers, aid objects, fire, boats
+int in_runway(double lat, double lon);   // on a runway of the block's airports, overruns included
 
 void MP_shift_and_clear(int typeshift);   // turns what has a position, empties the grids
 void read_a_quadrant(int lat_file, int lon_file, int lat_os, int lon_os, int force_read);
 int poly_is_wet(int i, int j);
+void xz_on_ground(double lat, double lon, double* x, double* z);   // the local frame's x, z of a place on the block's ground
 std::string rel_abs_custom_file_path(int type, const std::string& name);   // 5 objects, 18 terrain textures, in the quadrant's package
 void plot_build_rwy(int apt_wrl, int rwy_wrl, float* corner_lat, float* corner_lon, float* corner_ele, int plot_runways);

@@ -56,6 +56,12 @@ void check_for_shift(double lat, double lon)
 
 static void manage_custom_textures();
 
+static int finish_planet_call(int typeshift)
+{
+	MP_finish_planet(typeshift);
+	return 1;
+}
+
 static int shift_and_clear_call(int typeshift)
 {
 	MP_shift_and_clear(typeshift);
@@ -88,7 +94,21 @@ void load_region(int typeshift)
 	for (int lat_os = 0; lat_os < (int)lat_secs[p]; lat_os++)
 		for (int lon_os = 0; lon_os < (int)lon_secs[p]; lon_os++)
 			read_a_quadrant(env.lat_sou + lat_os, env.lon_wes + lon_os, lat_os, lon_os, typeshift == 1);
-	SP_finish_planet();   // the drawing of the block and its objects come with the rendering steps
+	if (ren.ground_is_vis) {
+		init_world_rendering(4);
+		// Buildings, aids, fire and boats on a worker; the globe here meanwhile.
+		const int call = THREAD_RunAsync(finish_planet_call, typeshift, 0);
+		try {
+			SP_finish_planet();
+		} catch (...) {
+			THREAD_IsDone(call, 60.0f);
+			THREAD_Cleanup(call);
+			throw;
+		}
+		if (!THREAD_IsDone(call, 60.0f)) NB_ALERT("Timed out MP_finish_planet_call thread after 60 seconds.", "", "", "", alert_fatal);
+		THREAD_Cleanup(call);
+	} else
+		SP_finish_planet();
 	MPSP_manage_obs_lis(0.0f, 0.0f, 0.0f, 0.0f, "", 0, 2);
 	manage_custom_textures();
 	NBPEventHook(6, 0.0f, 0, 0, 0);
@@ -168,6 +188,15 @@ void MP_shift_and_clear(int typeshift)
 				for (float& c : f.q) c /= n;
 			quat_to_euler(f.q, &f.psi, &f.the, &f.phi);
 			xdob_xyz_with_latlonel_ref(f.dob_x, f.dob_y, f.dob_z, lat, lon, ele, lat_n, lon_n);
+		}
+	// The fire burns on where it was.
+	if (dlat || dlon)
+		for (auto& f : scn.firexyz) {
+			if (f[0] < -9e9f) continue;
+			double lat, lon, ele, x, y, z;
+			xdob_latlonel_with_xyz_ref(lat, lon, ele, f[0], f[1], f[2], lat_o, lon_o);
+			xdob_xyz_with_latlonel_ref(x, y, z, lat, lon, ele, lat_n, lon_n);
+			f[0] = (float)x; f[1] = (float)y; f[2] = (float)z;
 		}
 	// Boats out on the water keep their place on the planet; those set away stay away.
 	if (dlat || dlon)

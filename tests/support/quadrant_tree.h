@@ -71,8 +71,8 @@ struct Quadrants : ::testing::Test {
 	// The ground's elevation under a point, as the flight model finds it.
 	double ground_at(double lat, double lon, int* ci = nullptr, int* cj = nullptr)
 	{
-		double x, y, z;
-		xdob_xyz_with_latlonel(x, y, z, lat, lon, 0.0);
+		double x, z;
+		xz_on_ground(lat, lon, &x, &z);
 		int i = 0, j = 0;
 		float vx, vy, vz;
 		const float g = find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 1);

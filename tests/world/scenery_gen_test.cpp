@@ -67,8 +67,8 @@ int run_world(const std::string& args)
 // The ground the flight model meets, with the block loaded round the place.
 double ground_at(double lat, double lon, int* wet)
 {
-	double x, y, z;
-	xdob_xyz_with_latlonel(x, y, z, lat, lon, 0.0);
+	double x, z;
+	xz_on_ground(lat, lon, &x, &z);
 	int i = 0, j = 0;
 	float vx, vy, vz;
 	const float g = find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 1);
@@ -248,4 +248,77 @@ TEST(GeneratedScenery, ElsewhereTwoRunsAgreeAndTheSimulatorFindsTheFieldFlat)
 	EXPECT_EQ(run_world("scenery --south 89 --west 7 --north 95 --east 8" + land + " --out '" + dir + "c'"), 1);
 	EXPECT_EQ(run_world("scenery --south 46 --west 170 --north 47 --east 190" + land + " --out '" + dir + "c'"), 1);
 	EXPECT_FALSE(fs::exists(dir + "c"));
+}
+
+TEST(GeneratedScenery, TheFinishedBlockPutsItsObjectsFireAndBoatsWhereTheyBelong)
+{
+	start_world(std::string(NIMBARA_DATA_TREE) + "/Resources:Earth nav data:");
+	ASSERT_EQ(IO_apt(0, ""), 1);
+	ASSERT_EQ(IO_nav(0), 1);
+	for (int b = 0; b < boat_max; b++) env.boat_x[b] = env.boat_z[b] = -9.9e9f;
+	env.lat_sou = 33;
+	env.lon_wes = -120;   // Los Angeles, its bay and the islands
+	load_region(1);
+	auto place = [](const obs_lis_struct& o, double* lat, double* lon) {
+		int i = 0, j = 0;
+		float vx, vy, vz;
+		const float y = find_local_y(o.x_cent, o.z_cent, &vx, &vy, &vz, &i, &j, 0);
+		double ele;
+		xdob_latlonel_with_xyz(*lat, *lon, ele, o.x_cent, y, o.z_cent);
+	};
+	int hangars = 0, aids = 0;
+	for (const obs_lis_struct& o : obs_lis) {
+		double lat, lon;
+		place(o, &lat, &lon);
+		if (o.typ == 94) {
+			// Beside a runway of the block, off every one.
+			hangars++;
+			double nearest = 1e9;
+			bool on = false;
+			for (int l = 0; l <= apt_lcl_max; l++)
+				for (const vec_rwy_struct& r : vec_apt[apt_lcl_to_wrl[l]].rwy) {
+					if (r.num_str[0] == 'x') continue;
+					const double e = (lon - r.lon) * 111195.0 * std::cos(r.lat * M_PI / 180.0), n = (lat - r.lat) * 111195.0;
+					const double s = std::sin(r.psi_true * M_PI / 180.0), c = std::cos(r.psi_true * M_PI / 180.0);
+					const double along = e * s + n * c, side = e * c - n * s;
+					on = on || (std::fabs(side) < 0.5 * r.width && std::fabs(along) < 0.5 * r.len);
+					nearest = std::min(nearest, std::hypot(std::fabs(side) - 0.5 * r.width, std::max(0.0, std::fabs(along) - 0.5 * r.len)));
+				}
+			EXPECT_FALSE(on) << lat << " " << lon;
+			EXPECT_LT(nearest, 1500.0) << lat << " " << lon;
+		}
+		if (o.typ >= 9 && o.typ <= 13) {
+			// At an aid of the block, with its heading for a localizer.
+			aids++;
+			bool found = false;
+			for (const vec_nav_struct& n : vec_nav)
+				if (std::fabs(n.lat - lat) < 1e-4 && std::fabs(n.lon - lon) < 1e-4 && o.basic_path.rfind("NAVAID: ", 0) == 0)
+					found = found || o.typ != 11 || std::fabs(o.psi - n.psi_true) < 1e-3f;
+			EXPECT_TRUE(found) << o.basic_path << " " << lat << " " << lon;
+		}
+	}
+	EXPECT_GT(hangars, 10);
+	EXPECT_GT(aids, 10);
+	// Boats on water near a shore, by the coastline's own sea.
+	int boats = 0;
+	for (int b = 0; b < boat_max; b++) {
+		if (!ret_xz_inreg(env.boat_x[b], env.boat_z[b])) continue;
+		boats++;
+		int i = 0, j = 0;
+		float vx, vy, vz;
+		find_local_y(env.boat_x[b], env.boat_z[b], &vx, &vy, &vz, &i, &j, 0);
+		EXPECT_EQ(poly_is_wet(i, j), 1) << b;
+		int dry = 0;
+		for (int di = -10; di <= 10; di += 2)
+			for (int dj = -10; dj <= 10; dj += 2) dry += !poly_is_wet(i + di, j + dj);
+		EXPECT_GE(dry, 1) << b;
+		EXPECT_LE(dry, 20) << b;
+	}
+	EXPECT_EQ(boats, boat_max);
+	// A fire on a dry hillside.
+	ASSERT_EQ(scn.fire_avail, 1);
+	int i = 0, j = 0;
+	float vx, vy, vz;
+	find_local_y(scn.firexyz[0][0], scn.firexyz[0][2], &vx, &vy, &vz, &i, &j, 0);
+	EXPECT_EQ(poly_is_wet(i, j), 0);
 }

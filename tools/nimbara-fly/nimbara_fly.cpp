@@ -56,6 +56,12 @@ static const char* help_text =
 	"      Loads the scenery block round each point as a start would (FILE: 'lat lon'\n"
 	"      lines) and prints 'lat lon elev_m landuse wet is_apt': the ground's height there,\n"
 	"      the land use of the nearest vertex, and whether its cell is wet or airport ground.\n"
+	"  nimbara-fly block [--tree DIR] --lat D --lon D\n"
+	"      Loads the scenery block round the point as a start there would and prints\n"
+	"      'obj typ lat lon psi dh name' per queued object, 'rec KIND i j lat lon y code' per\n"
+	"      record of the cells' linear features (KIND roads, trails, rails, power, taxiways,\n"
+	"      rivers; the middle of its two edges), 'fire lat lon' when a fire burns and\n"
+	"      'boat N lat lon' per boat in the block.\n"
 	"  nimbara-fly --help\n";
 
 static int parse_float(const char* s, float* v)
@@ -111,6 +117,6 @@ static int atmos(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}, {"nav", fly_nav}, {"terrain", fly_terrain}};
-	return tool_main("nimbara-fly", help_text, cmds, 4, argc, argv);
+	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}, {"nav", fly_nav}, {"terrain", fly_terrain}, {"block", fly_block}};
+	return tool_main("nimbara-fly", help_text, cmds, 5, argc, argv);
 }

@@ -1,5 +1,5 @@
-// nimbara-fly terrain: loads the block round each point as a start would and prints the
-// ground the flight model meets there.
+// nimbara-fly terrain and block: the scenery block as a start loads it, the ground the
+// flight model meets at points, and what the block holds besides.
 #include "tools/nimbara-fly/nimbara_fly.h"
 #include "tools/tool_main.h"
 #include "core/HL_CORE.h"
@@ -10,6 +10,7 @@
 #include "platform/plat_headless.h"
 #include "world/HL_WORLD.h"
 #include "world/scenery.h"
+#include "world/nav_data.h"
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -68,8 +69,8 @@ int fly_terrain(int argc, char** argv)
 				check_for_shift(p.first, p.second);
 				if (step > 0 && sou == env.lat_sou && wes == env.lon_wes) break;
 			}
-			double x, y, z;
-			xdob_xyz_with_latlonel(x, y, z, p.first, p.second, 0.0);
+			double x, z;
+			xz_on_ground(p.first, p.second, &x, &z);
 			int i = 0, j = 0;
 			float vx, vy, vz;
 			const float ground = find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 0);
@@ -90,6 +91,81 @@ int fly_terrain(int argc, char** argv)
 		MACIBM_finishup(0);
 		return 1;
 	}
+	MACIBM_finishup(1);
+	return 0;
+}
+
+namespace {
+
+// A place of the local frame, on the ground, as latitude and longitude.
+void place_of(float x, float z, double* lat, double* lon, float* ground)
+{
+	int i = 0, j = 0;
+	float vx, vy, vz;
+	*ground = find_local_y(x, z, &vx, &vy, &vz, &i, &j, 0);
+	double ele;
+	xdob_latlonel_with_xyz(*lat, *lon, ele, x, *ground, z);
+}
+
+}  // namespace
+
+int fly_block(int argc, char** argv)
+{
+	std::string tree = fly_default_tree();
+	double lat = NAN, lon = NAN;
+	for (int k = 1; k < argc; k++) {
+		const std::string o = argv[k];
+		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
+		const char* val = argv[++k];
+		char* end = nullptr;
+		if (o == "--tree") tree = std::string(val) + "/";
+		else if (o == "--lat") lat = std::strtod(val, &end);
+		else if (o == "--lon") lon = std::strtod(val, &end);
+		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
+		if (end && (*end || end == val)) { std::fprintf(stderr, "nimbara-fly: bad number for %s: '%s'\n", o.c_str(), val); return 2; }
+	}
+	if (!(std::fabs(lat) <= 89.0 && std::fabs(lon) <= 180.0)) { std::fprintf(stderr, "nimbara-fly: block needs --lat and --lon on the planet's blocks\n"); return 2; }
+	if (tree.empty() || !std::filesystem::is_directory(tree)) { std::fprintf(stderr, "nimbara-fly: no data tree; give --tree DIR\n"); return 1; }
+	try {
+		HEADLESS_setup(0.02, 0, tree.c_str());
+		init_sim();
+		ren.ground_is_vis = 1;
+		env.lat_sou = (int)std::lround(lat - lat_secs_os[0]);
+		env.lon_wes = (int)std::lround(lon - lon_secs_os[0]);
+		load_region(1);
+	} catch (const XFatalAlert&) {
+		std::fprintf(stderr, "%s\n", last_alert_text.c_str());
+		MACIBM_finishup(0);
+		return 1;
+	}
+	double la, lo;
+	float y;
+	for (const obs_lis_struct& o : obs_lis) {
+		place_of(o.x_cent, o.z_cent, &la, &lo, &y);
+		std::printf("obj %d %.6f %.6f %.2f %.1f %s\n", o.typ, la, lo, o.psi, o.dh, o.basic_path.c_str());
+	}
+	static const char* kinds[6] = {"roads", "trails", "rails", "power", "taxiways", "rivers"};
+	for (int i = 0; i < regn_dim_i; i++)
+		for (int j = 0; j < regn_dim_j; j++) {
+			const buc_struct& b = buc[i][j];
+			const std::vector<vec_lin_struct>* lists[6] = {&b.vec_roads, &b.vec_trail, &b.vec_rails, &b.vec_power, &b.vec_taxis, &b.vec_river};
+			for (int k = 0; k < 6; k++)
+				for (const vec_lin_struct& r : *lists[k]) {
+					const float x = 0.5f * (r.data[0] + r.data[3]), ry = 0.5f * (r.data[1] + r.data[4]), z = 0.5f * (r.data[2] + r.data[5]);
+					double ele;
+					xdob_latlonel_with_xyz(la, lo, ele, x, ry, z);
+					std::printf("rec %s %d %d %.6f %.6f %.1f %.0f\n", kinds[k], i, j, la, lo, ry, r.data[8]);
+				}
+		}
+	if (scn.fire_avail) {
+		place_of(scn.firexyz[0][0], scn.firexyz[0][2], &la, &lo, &y);
+		std::printf("fire %.6f %.6f\n", la, lo);
+	}
+	for (int b = 0; b < boat_max; b++)
+		if (ret_xz_inreg(env.boat_x[b], env.boat_z[b])) {
+			place_of(env.boat_x[b], env.boat_z[b], &la, &lo, &y);
+			std::printf("boat %d %.6f %.6f\n", b, la, lo);
+		}
 	MACIBM_finishup(1);
 	return 0;
 }
