@@ -189,6 +189,10 @@ int read_quadrant(const std::string& path, quadrant_data* q, std::string* why)
 		if (MAP_check_file(quad_file_type, &file, file.mBegin, &c.c_use, &c.c_max, v)) { version = std::atoi(v); break; }
 	if (!version) { *why = "not a quadrant file of version 650, 631 or 61"; return 0; }
 	q->version = version;
+	// Earth's squares are 150 by 200 steps, Mars's 64 by 64: the second vertex tells which.
+	quad_cursor peek = c;
+	quad_vertex v0, v1;
+	if (quad_read_vertex(peek, &v0) == 1 && quad_read_vertex(peek, &v1) == 1 && std::abs(v1.pos_code) % 10000 == 156) q->imax = q->jmax = 64;
 	q->vertices.resize((size_t)(q->imax + 1) * (q->jmax + 1));
 	for (quad_vertex& v : q->vertices)
 		if (quad_read_vertex(c, &v) < 0) { *why = "the file ends inside its vertices"; return 0; }

@@ -65,15 +65,36 @@ void add_record(int kind, int i, int j, double x, float y, double z, float code,
 	list_of(buc[i][j], kind).push_back(r);
 }
 
-// Where segment a-b meets edge p-q, as the parameter along a-b; -1 when it does not.
+// Signed distance of a point from the line p-q, metres, positive to the left.
+double side_of(double x, double z, const float* p, const float* q)
+{
+	const double ex = q[0] - p[0], ez = q[2] - p[2], len = std::sqrt(ex * ex + ez * ez);
+	return len > 0.0 ? (ex * (z - p[2]) - ez * (x - p[0])) / len : 0.0;
+}
+
+// Where segment a-b meets edge p-q, as the parameter along a-b; -1 when it does not. A
+// segment running along the edge (both ends within half a metre of its line) does not
+// cross it.
 double cross_t(const point_xz& a, const point_xz& b, const float* p, const float* q)
 {
+	if (std::fabs(side_of(a.x, a.z, p, q)) < 0.5 && std::fabs(side_of(b.x, b.z, p, q)) < 0.5) return -1.0;
 	const double rx = b.x - a.x, rz = b.z - a.z, sx = q[0] - p[0], sz = q[2] - p[2];
 	const double den = rx * sz - rz * sx;
 	if (std::fabs(den) < 1e-9) return -1.0;
 	const double t = ((p[0] - a.x) * sz - (p[2] - a.z) * sx) / den;
 	const double u = ((p[0] - a.x) * rz - (p[2] - a.z) * rx) / den;
 	return t > 1e-9 && t < 1.0 - 1e-9 && u >= 0.0 && u <= 1.0 ? t : -1.0;
+}
+
+// How far inside cell (i, j) a point lies, metres: the deeper of its two triangles, by
+// the nearest edge; negative outside.
+double depth_in_cell(int i, int j, double x, double z)
+{
+	auto tri = [&](const float* a, const float* b, const float* c) {
+		const double sgn = side_of(c[0], c[2], a, b) >= 0.0 ? 1.0 : -1.0;
+		return std::min({sgn * side_of(x, z, a, b), sgn * side_of(x, z, b, c), sgn * side_of(x, z, c, a)});
+	};
+	return std::max(tri(planexyz[i][j], planexyz[i][j + 1], planexyz[i + 1][j]), tri(planexyz[i + 1][j + 1], planexyz[i][j + 1], planexyz[i + 1][j]));
 }
 
 }  // namespace
@@ -85,6 +106,7 @@ void line_reader::start(int kind_, int lat_file_, int lon_file_, int i_from, int
 	lon_file = lon_file_;
 	cells = {i_from, j_from, i_from + imax - 1, j_from + jmax - 1};
 	have_old = false;
+	prev_i = prev_j = -1;
 	tower_pending = false;
 }
 
@@ -112,6 +134,7 @@ void line_reader::segment(double x, double z, bool last)
 	int ia = 0, ja = 0, ib = 0, jb = 0;
 	ground(a.x, a.z, &ia, &ja, q);
 	ground(b.x, b.z, &ib, &jb, q);
+	const double len = std::hypot(b.x - a.x, b.z - a.z);
 	double ts[64];
 	int nt = 0;
 	const int i_lo = std::max(std::min(ia, ib) - 1, q.i_lo), i_hi = std::min(std::max(ia, ib) + 1, q.i_hi);
@@ -124,33 +147,45 @@ void line_reader::segment(double x, double z, bool last)
 			const float* c10 = planexyz[i + 1][j];
 			const double t[5] = {cross_t(a, b, c00, c01), cross_t(a, b, c00, c10), cross_t(a, b, c10, c11), cross_t(a, b, c01, c11),
 			                     kind == quad_taxis ? -1.0 : cross_t(a, b, c01, c10)};
-			for (double v : t)
-				if (v > 0.0 && nt < 64) ts[nt++] = v;
+			for (double v : t)   // a crossing within half a metre of an end is that end
+				if (v > 0.0 && v * len > 0.5 && (1.0 - v) * len > 0.5 && nt < 64) ts[nt++] = v;
 		}
 	std::sort(ts, ts + nt);
-	nt = (int)(std::unique(ts, ts + nt, [](double u, double v) { return v - u < 1e-7; }) - ts);
-	// Pieces between successive crossings; each piece's cell from its middle.
-	int ci = ia, cj = ja, pi = -1, pj = -1;
+	nt = (int)(std::unique(ts, ts + nt, [&](double u, double v) { return (v - u) * len < 0.5; }) - ts);
+	// Pieces between successive crossings; each piece in the cell its middle lies deepest
+	// in, so that a piece along an edge or through a corner goes to one cell for certain.
+	// A chain's pieces go on from the cell the last segment ended in.
+	int ci = ia, cj = ja, pi = prev_i, pj = prev_j;
 	double t0 = 0.0;
 	for (int k = 0; k <= nt; k++) {
 		const double t1 = k < nt ? ts[k] : 1.0;
 		const double mx = a.x + (b.x - a.x) * 0.5 * (t0 + t1), mz = a.z + (b.z - a.z) * 0.5 * (t0 + t1);
-		ground(mx, mz, &ci, &cj, q);
+		double best = -1e30;
+		for (int i = i_lo; i <= i_hi; i++)
+			for (int j = j_lo; j <= j_hi; j++) {
+				const double d = depth_in_cell(i, j, mx, mz);
+				if (d > best + 1e-6) { best = d; ci = i; cj = j; }
+			}
 		const double sx = a.x + (b.x - a.x) * t0, sz = a.z + (b.z - a.z) * t0;
 		int gi = ci, gj = cj;
 		const float sy = ground(sx, sz, &gi, &gj, q);
-		if (pi >= 0 && (ci != pi || cj != pj)) {   // the piece leaves its cell here; a shore crossing counts as wet
+		const bool moved = pi >= 0 && (ci != pi || cj != pj);
+		if (moved) {   // the piece leaves its cell here; a shore crossing counts as wet
 			const bool wet = poly_is_wet(pi, pj) || poly_is_wet(ci, cj);
-			add_record(kind, pi, pj, sx, sy, sz, -999.0f, wet);
+			std::vector<vec_lin_struct>& was = list_of(buc[pi][pj], kind);
+			if (k == 0 && !was.empty()) was.back().data[8] = -999.0f;   // the last segment's end is this point
+			else add_record(kind, pi, pj, sx, sy, sz, -999.0f, wet);
 			add_record(kind, ci, cj, sx, sy, sz, 1.0f, wet);
-		} else
-			add_record(kind, ci, cj, sx, sy, sz, 1.0f, poly_is_wet(ci, cj));   // a piece's first point, or a bend over the diagonal
+		} else if (k > 0 || pi < 0)
+			add_record(kind, ci, cj, sx, sy, sz, 1.0f, poly_is_wet(ci, cj));   // a chain's first point, or a bend over the diagonal
 		pi = ci;
 		pj = cj;
 		t0 = t1;
 	}
 	int gi = ci, gj = cj;
 	add_record(kind, ci, cj, b.x, ground(b.x, b.z, &gi, &gj, q), b.z, last ? -999.0f : 1.0f, poly_is_wet(ci, cj));
+	prev_i = last ? -1 : ci;
+	prev_j = last ? -1 : cj;
 }
 
 // Power lines: towers about every 500 m, each linked to the next by cell and index.

@@ -7,6 +7,7 @@ struct line_reader {
 	struct { int i_lo, j_lo, i_hi, j_hi; } cells{};
 	bool have_old = false;
 	double old_x = 0, old_z = 0;
+	int prev_i = -1, prev_j = -1;   // the cell the chain's last segment ended in
 	bool tower_pending = false;   // the last tower waits for its next
 	int tower_i = 0, tower_j = 0, tower_n = 0;
 

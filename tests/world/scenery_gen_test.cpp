@@ -1,6 +1,7 @@
 // The generated terrain: the build's region against the coastline and the airport
 // database it came from, its relief against real land's, and the generator elsewhere.
 #include "world/quadrant_file.h"
+#include "world/quadrant_lines.h"
 #include "world/scenery.h"
 #include "core/HL_MAIN.h"
 #include "core/HL_MATH_FUN.h"
@@ -96,9 +97,20 @@ TEST(GeneratedScenery, TheBuildsRegionIsCompleteAndNeighboursAgreeOnEdges)
 	ASSERT_EQ(region().size(), (size_t)(north - south) * (east - west));
 	for (const auto& [at, q] : region()) {
 		EXPECT_EQ(q.version, 650);
-		EXPECT_TRUE(q.objects.empty());
-		for (const auto& l : q.lists) EXPECT_TRUE(l.empty());
+		for (int l = 0; l < 6; l++) EXPECT_TRUE(l == quad_river || q.lists[l].empty()) << l;
 		EXPECT_TRUE(q.textures.empty());
+		// Radio towers, a few a square, each on a summit.
+		EXPECT_LE(q.objects.size(), 3u);
+		for (const quad_object& o : q.objects) {
+			EXPECT_EQ(o.type, 3);
+			const int ii = (int)std::lround((o.lon - at.second) * q.imax), jj = (int)std::lround((o.lat - at.first) * q.jmax);
+			ASSERT_TRUE(ii > 0 && ii < q.imax && jj > 0 && jj < q.jmax);
+			for (int dj = -1; dj <= 1; dj++)
+				for (int di = -1; di <= 1; di++)
+					if (di || dj) {
+						EXPECT_GT(vertex_at(q, ii, jj).elev_m, vertex_at(q, ii + di, jj + dj).elev_m);
+					}
+		}
 		for (int jj = 0; jj <= q.jmax; jj += 7)
 			for (int ii = 0; ii <= q.imax; ii += 5) {
 				double lat, lon;
@@ -116,6 +128,60 @@ TEST(GeneratedScenery, TheBuildsRegionIsCompleteAndNeighboursAgreeOnEdges)
 			EXPECT_EQ(vertex_at(q, ii, q.jmax).land_code, vertex_at(north_n->second, ii, 0).land_code);
 		}
 	}
+}
+
+TEST(GeneratedScenery, RiversRunDownhillToTheSeaAnEdgeOrAHollow)
+{
+	// A vertex of the region from whichever square holds it; off the region, very high.
+	auto elev_at = [](long gi, long gj) {
+		const int lat = (int)std::floor(gj / 200.0) - 90, lon = (int)std::floor(gi / 150.0) - 180;
+		for (int dlat = 0; dlat <= 1; dlat++)
+			for (int dlon = 0; dlon <= 1; dlon++) {
+				const auto it = region().find({lat - dlat, lon - dlon});
+				const long ii = gi - (lon - dlon + 180) * 150L, jj = gj - (lat - dlat + 90) * 200L;
+				if (it != region().end() && ii <= 150 && jj <= 200) return vertex_at(it->second, (int)ii, (int)jj).elev_m;
+			}
+		return 100000;
+	};
+	int chains = 0, to_sea = 0;
+	for (const auto& [at, q] : region()) {
+		std::set<std::pair<long, long>> starts;
+		std::vector<std::vector<std::pair<long, long>>> all;
+		std::vector<std::pair<long, long>> cur;
+		for (const quad_point& p : q.lists[quad_river]) {
+			double lat, lon;
+			code_to_lat_lon(p.code, at.first, at.second, &lat, &lon);
+			ASSERT_TRUE(lat >= at.first && lat <= at.first + 1 && lon >= at.second && lon <= at.second + 1);
+			cur.push_back({std::lround((lon + 180.0) * 150.0), std::lround((lat + 90.0) * 200.0)});
+			if (p.tag == 'e') {
+				starts.insert(cur.front());
+				all.push_back(cur);
+				cur.clear();
+			}
+		}
+		EXPECT_TRUE(cur.empty());
+		for (const auto& c : all) {
+			chains++;
+			ASSERT_GE(c.size(), 2u);
+			for (size_t n = 1; n < c.size(); n++) {
+				EXPECT_LE(std::abs(c[n].first - c[n - 1].first), 1);   // neighbours on the grid
+				EXPECT_LE(std::abs(c[n].second - c[n - 1].second), 1);
+				EXPECT_LT(elev_at(c[n].first, c[n].second), elev_at(c[n - 1].first, c[n - 1].second));   // downhill
+			}
+			const auto end = c.back();
+			const long ii = end.first - (at.second + 180) * 150L, jj = end.second - (at.first + 90) * 200L;
+			const int use = use_of(vertex_at(q, (int)ii, (int)jj));
+			const bool edge = ii == 0 || ii == 150 || jj == 0 || jj == 200, water = use == 14 || use == 15, meets = starts.count(end) > 0;
+			bool hollow = true;
+			for (int dj = -1; dj <= 1; dj++)
+				for (int di = -1; di <= 1; di++)
+					if ((di || dj) && elev_at(end.first + di, end.second + dj) < elev_at(end.first, end.second)) hollow = false;
+			EXPECT_TRUE(edge || water || meets || hollow) << at.first << " " << at.second << " ends at " << ii << " " << jj;
+			to_sea += water;
+		}
+	}
+	EXPECT_GT(chains, 100);
+	EXPECT_GT(to_sea, 5);
 }
 
 TEST(GeneratedScenery, SeaWhereTheCoastlineSaysItAndLandInland)
@@ -321,4 +387,88 @@ TEST(GeneratedScenery, TheFinishedBlockPutsItsObjectsFireAndBoatsWhereTheyBelong
 	float vx, vy, vz;
 	find_local_y(scn.firexyz[0][0], scn.firexyz[0][2], &vx, &vy, &vz, &i, &j, 0);
 	EXPECT_EQ(poly_is_wet(i, j), 0);
+}
+
+TEST(GeneratedScenery, MarsSquaresHaveTheirOwnSizeNoSeaAndTheirFieldsFlat)
+{
+	const std::string dir = std::string(NIMBARA_TEST_TREE) + "/mars/";
+	fs::remove_all(dir);
+	fs::create_directories(dir);
+	const std::string mars_apt = std::string(NIMBARA_DATA_TREE) + "/Resources/Mars nav data/apt.dat";
+	ASSERT_EQ(run_world("scenery --planet mars --south -6 --west 137 --north -4 --east 139 --apt '" + mars_apt + "' --out '" + dir + "'"), 0);
+	for (int lat = -6; lat < -4; lat++)
+		for (int lon = 137; lon < 139; lon++) {
+			quadrant_data q;
+			std::string why;
+			ASSERT_EQ(read_quadrant(square_path(dir, lat, lon), &q, &why), 1) << why;
+			EXPECT_EQ(q.imax, 64);
+			EXPECT_EQ(q.vertices.size(), 65u * 65u);
+			EXPECT_TRUE(q.lists[quad_river].empty());
+			for (const quad_vertex& v : q.vertices) ASSERT_TRUE(use_of(v) != 14 && use_of(v) != 15);
+			double la, lo;
+			code_to_lat_lon(vertex_at(q, 64, 64).pos_code, lat, lon, &la, &lo);
+			EXPECT_DOUBLE_EQ(la, lat + 1.0);
+		}
+	// The simulator on Mars finds Gale Crater Base's runway flat at its elevation.
+	start_world(dir);
+	env.planet = 1;
+	set_planet_specs(1);
+	man_path = dir;
+	ASSERT_EQ(IO_apt(0, mars_apt), 1);
+	env.lat_sou = -6;
+	env.lon_wes = 136;
+	load_region(1);
+	int wet;
+	EXPECT_NEAR(ground_at(-5.4, 137.8, &wet), -8500 * 0.3048, 0.1);
+	EXPECT_EQ(wet, 0);
+	EXPECT_EQ(run_world("scenery --planet venus --south -6 --west 137 --north -5 --east 138 --out '" + dir + "'"), 2);
+}
+
+TEST(GeneratedScenery, DumpPrintsAFileReadably)
+{
+	const std::string dir = std::string(NIMBARA_TEST_TREE) + "/dump/";
+	fs::remove_all(dir);
+	fs::create_directories(dir);
+	quadrant_data q;
+	for (int jj = 0; jj <= q.jmax; jj++)
+		for (int ii = 0; ii <= q.imax; ii++)
+			q.vertices.push_back({lat_lon_to_code(35.0 + jj / 200.0, -118.0 + ii / 150.0, 35, -118), 100, make_land_code({0, 0, 0, 0, 0})});
+	q.objects = {{3, 35.5f, -117.5f, 400.0f, ""}, {8, 35.25f, -117.75f, 90.0f, "sheds/long shed"}};
+	q.lists[quad_rails] = {{lat_lon_to_code(35.1, -117.9, 35, -118), 0, 0, 'p'}, {lat_lon_to_code(35.2, -117.8, 35, -118), 0, 0, 'e'}};
+	q.lists[quad_taxis] = {{0, 35.3f, -117.3f, 'p'}, {0, 35.31f, -117.3f, 'e'}};
+	ASSERT_EQ(write_quadrant(dir + "+35-118.env", q), 1);
+	const std::string cmd = std::string("'") + NIMBARA_WORLD_EXE + "' dump '" + dir + "+35-118.env' > '" + dir + "out.txt'";
+	ASSERT_EQ(std::system(cmd.c_str()), 0);
+	std::ifstream in(dir + "out.txt");
+	const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+	EXPECT_EQ(text,
+	          "version 650\n"
+	          "obj 3 35.500000 -117.500000 400.00\n"
+	          "obj 8 35.250000 -117.750000 90.00 sheds/long shed\n"
+	          "chain rails\npt 35.100010 -117.899990\npt 35.200020 -117.799980\n"
+	          "chain taxiways\npt 35.299999 -117.300003\npt 35.310001 -117.300003\n");
+	fs::copy_file(dir + "+35-118.env", dir + "misnamed.env");
+	EXPECT_EQ(run_world("dump '" + dir + "misnamed.env'"), 1);
+	std::ofstream(dir + "+35-117.env") << "not a quadrant";
+	EXPECT_EQ(run_world("dump '" + dir + "+35-117.env'"), 1);
+}
+
+TEST(GeneratedScenery, RiverRecordsLieInTheCellsTheirChainsCross)
+{
+	start_world(std::string(NIMBARA_DATA_TREE) + "/Resources:Earth nav data:");
+	env.lat_sou = 34;
+	env.lon_wes = -119;
+	load_region(1);
+	int records = 0, valid = 0;
+	for (int i = 0; i < 450; i++)
+		for (int j = 0; j < 400; j++)
+			for (const vec_lin_struct& r : buc[i][j].vec_river) {
+				records++;
+				const float cx = 0.5f * (r.data[0] + r.data[3]), cz = 0.5f * (r.data[2] + r.data[5]);
+				EXPECT_TRUE(inside_cell(i, j, cx, cz)) << i << " " << j;
+				valid += r.data[8] != 0.0f;
+				EXPECT_NEAR(std::hypot(r.data[3] - r.data[0], r.data[5] - r.data[2]), 100.0f, 100.0f);   // 50 m each side, more at a bend
+			}
+	EXPECT_GT(records, 200);
+	EXPECT_EQ(valid, records);
 }
