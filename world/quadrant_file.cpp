@@ -88,6 +88,8 @@ int write_quadrant(const std::string& host_path, const quadrant_data& q)
 		o.bytes(be, 2);
 		o.i32(v.land_code);
 	}
+	// Each section ends in a record of its own: the objects in a type of 99 alone, each
+	// list of points in the code 99, the taxiways in a point of 0, 0 tagged "g".
 	for (const quad_object& ob : q.objects) {
 		o.i32(ob.type);
 		o.f32(ob.lat);
