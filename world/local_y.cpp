@@ -34,6 +34,46 @@ int hit(int i, int j, float x, float z)
 	return -1;
 }
 
+// A ship's deck: a plane through the deck's centre, tilted with the ship, moving with it.
+float ship_deck(int b, float x, float z, float* vx, float* vy, float* vz)
+{
+	const float speed = b == 0 ? 15.0f : 10.0f, height = b == 0 ? 21.0f : 7.0f;
+	const float deg = 0.0174532925f;
+	const float psi = env.boat_psi[b] * deg, the = env.boat_the[b] * deg, phi = env.boat_phi[b] * deg;
+	const float a = std::sin(phi) * std::cos(the), bb = std::sin(the);
+	float* n = env.terrain_nrm;
+	n[0] = a * std::cos(psi) - bb * std::sin(psi);
+	n[1] = std::cos(the) * std::cos(phi);
+	n[2] = bb * std::cos(psi) + a * std::sin(psi);
+	env.terrain_ctr[0] = env.boat_x[b] + height * n[0];
+	env.terrain_ctr[1] = env.boat_y[b] + height * n[1];
+	env.terrain_ctr[2] = env.boat_z[b] + height * n[2];
+	// Along the heading, the turn at the point's arm, and the pitch and roll rates at the deck.
+	const float fx = std::sin(psi), fz = -std::cos(psi), rx = std::cos(psi), rz = std::sin(psi);
+	const float ax = x - env.boat_x[b], az = z - env.boat_z[b], arm_f = ax * fx + az * fz, arm_r = ax * rx + az * rz;
+	const float wpsi = env.boat_vpsi[b] * deg, wthe = env.boat_vthe[b] * deg, wphi = env.boat_vphi[b] * deg;
+	*vx = speed * fx - wpsi * az - wthe * height * fx + wphi * height * rx;
+	*vz = speed * fz + wpsi * ax - wthe * height * fz + wphi * height * rz;
+	*vy = wthe * arm_f - wphi * arm_r;
+	return env.terrain_ctr[1] - (x - env.terrain_ctr[0]) * n[0] - (z - env.terrain_ctr[2]) * n[2];
+}
+
+float sq(float a) { return a * std::fabs(a); }
+
+// Small bumps of the ground by its roughness, and the feel of the surface.
+float bumps(float x, float z)
+{
+	float y = env.roughness * (0.025f * sq(std::cos(0.2f * z)) + 0.025f * sq(std::sin(0.2f * x)) + 0.01f * sq(std::sin(x)) + 0.01f * sq(std::cos(z)) +
+	                           0.005f * sq(std::sin(5.0f * x)) + 0.005f * sq(std::cos(5.0f * z)));
+	const int t = env.surf_tex;
+	if (t <= 49) y += 0.025f * (std::cos(z) + std::sin(x) + std::sin(4.0f * x) + std::cos(4.0f * z));
+	else if (t == 164 || t == 170) y += 0.01f * (std::cos(z) + std::sin(x) + std::sin(4.0f * x) + std::cos(4.0f * z));
+	else if (t == 165 || t == 171) y += 0.02f * (std::cos(2.0f * z) + std::sin(2.0f * x) + std::sin(4.0f * x) + std::cos(4.0f * z));
+	else if (t == 166) y += 0.02f * (std::cos(4.0f * z) + std::sin(4.0f * x));
+	else if (t == 167) y += 0.005f * (std::cos(4.0f * z) + std::sin(4.0f * x));
+	return y;
+}
+
 }  // namespace
 
 float find_local_y(float x, float z, float* vx, float* vy, float* vz, int* i_io, int* j_io, int fullcheck)
@@ -74,6 +114,15 @@ float find_local_y(float x, float z, float* vx, float* vy, float* vz, int* i_io,
 	*i_io = i;
 	*j_io = j;
 	*vx = *vy = *vz = 0.0f;
+	if (fullcheck && net.getting_terrain)   // the ground comes from outside
+		return env.terrain_ctr[1] - (x - env.terrain_ctr[0]) * env.terrain_nrm[0] - (z - env.terrain_ctr[2]) * env.terrain_nrm[2];
+	if (fullcheck && env.over_obs) {   // on the roof of an object or a raised deck
+		env.terrain_ctr[0] = x; env.terrain_ctr[1] = env.obj_y_top; env.terrain_ctr[2] = z;
+		env.terrain_nrm[0] = env.terrain_nrm[2] = 0.0f;
+		env.terrain_nrm[1] = 1.0f;
+		return env.obj_y_top;
+	}
+	if (fullcheck && (env.over_carr || env.over_frig)) return ship_deck(env.over_carr ? 0 : 1, x, z, vx, vy, vz);
 	const float* v[3];
 	tri_vertices(i, j, t, v);
 	const float dx12 = v[1][0] - v[0][0], dy12 = v[1][1] - v[0][1], dz12 = v[1][2] - v[0][2];
@@ -90,8 +139,9 @@ float find_local_y(float x, float z, float* vx, float* vy, float* vz, int* i_io,
 	env.terrain_nrm[0] = nx;
 	env.terrain_nrm[1] = ny2 >= 0.0f ? std::sqrt(ny2) : -std::sqrt(-ny2);
 	env.terrain_nrm[2] = nz;
-	(void)fullcheck;   // ships, object roofs, outside terrain and bumps come with ground contact
-	return env.terrain_ctr[1] - (x - env.terrain_ctr[0]) * nx - (z - env.terrain_ctr[2]) * nz;
+	float y = env.terrain_ctr[1] - (x - env.terrain_ctr[0]) * nx - (z - env.terrain_ctr[2]) * nz;
+	if (fullcheck) y += bumps(x, z);
+	return y;
 }
 
 // A place's x and z where it stands on the ground: away from the frame's reference the

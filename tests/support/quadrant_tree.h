@@ -75,7 +75,7 @@ struct Quadrants : ::testing::Test {
 		xz_on_ground(lat, lon, &x, &z);
 		int i = 0, j = 0;
 		float vx, vy, vz;
-		const float g = find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 1);
+		const float g = find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 0);
 		if (ci) *ci = i;
 		if (cj) *cj = j;
 		double la, lo, ele;

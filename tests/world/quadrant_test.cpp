@@ -222,17 +222,17 @@ TEST_F(Quadrants, TheGroundIsFoundFromAnyStartingCellAndOffTheGrid)
 	xdob_xyz_with_latlonel(x, y, z, 35.37, -117.41, 0.0);
 	float vx, vy, vz;
 	int i0 = 0, j0 = 0;
-	const float g0 = find_local_y((float)x, (float)z, &vx, &vy, &vz, &i0, &j0, 1);
+	const float g0 = find_local_y((float)x, (float)z, &vx, &vy, &vz, &i0, &j0, 0);
 	for (const auto& start : {std::pair{449, 399}, std::pair{1, 1}, std::pair{300, 10}, std::pair{5, 390}}) {
 		int i = start.first, j = start.second;
-		EXPECT_FLOAT_EQ(find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 1), g0);
+		EXPECT_FLOAT_EQ(find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 0), g0);
 		EXPECT_EQ(i, i0);
 		EXPECT_EQ(j, j0);
 	}
 	EXPECT_NEAR(env.terrain_nrm[1], 1.0f, 0.01f);
 	// Far outside the block: the edge cell's plane, a number all the same.
 	int i = 0, j = 0;
-	EXPECT_TRUE(std::isfinite(find_local_y(1e7f, -1e7f, &vx, &vy, &vz, &i, &j, 1)));
+	EXPECT_TRUE(std::isfinite(find_local_y(1e7f, -1e7f, &vx, &vy, &vz, &i, &j, 0)));
 	EXPECT_EQ(i, 449);
 	EXPECT_EQ(j, 399);
 }

@@ -72,7 +72,7 @@ double ground_at(double lat, double lon, int* wet)
 	xz_on_ground(lat, lon, &x, &z);
 	int i = 0, j = 0;
 	float vx, vy, vz;
-	const float g = find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 1);
+	const float g = find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 0);
 	*wet = poly_is_wet(i, j);
 	double la, lo, ele;
 	xdob_latlonel_with_xyz(la, lo, ele, x, g, z);
