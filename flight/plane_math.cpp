@@ -1,6 +1,7 @@
 // One aircraft, one pass: the choice of update by kind of aircraft, pilot input for the
 // pilot's aircraft, then position bookkeeping, network and effects for all.
 #include "flight/HL_FLIGHT.h"
+#include "world/HL_WORLD.h"
 #include "core/HL_TYPES.h"
 #include "core/HL_MATH_FUN.h"
 #include "core/failures.h"
@@ -14,6 +15,7 @@ void PLANE_math_in_flight(int p)
 	if (p < 0 || p >= acf_max) return;
 	flt_struct& f = flt[p];
 	if (f.update_type == 2) update_with_net(p);
+	if (p == 0) set_surface_under_aircraft();
 	if (f.update_type == 0 && !mnw.replay_mode) update_with_fullsim1(p);
 	if (f.update_type == 0 && mnw.replay_mode) update_with_replay();
 	if (f.update_type == 1 && !mnw.replay_mode) update_with_AI(p);

@@ -19,6 +19,7 @@ void init_weather_defaults();
 void ret_wind_spds_acf(float x, float y, float z, float* vx, float* vy, float* vz, int init_cycle);
 float find_local_y(float x, float z, float* vx, float* vy, float* vz, int* i, int* j, int fullcheck);
 void check_for_shift(double lat, double lon);
+void set_surface_under_aircraft();   // the runway or open ground under the user's aircraft, for ground contact
 int ret_over_water();   // 1 when the surface under the aircraft is water
 void load_region(int full);
 void read_planet_nav();

@@ -273,6 +273,18 @@ void read_textures(quad_cursor& c, int i_from, int j_from, int imax, int jmax)
 
 }  // namespace
 
+int quadrant_file_exists(int lat_file, int lon_file)
+{
+	XMappedFile file(nullptr, nullptr);
+	quad_cursor c{nullptr, 0, 0};
+	std::string path;
+	char keep[sizeof stl.custom_scene_path];
+	std::memcpy(keep, stl.custom_scene_path, sizeof keep);
+	const int version = open_quadrant(file, c, return_latlon_str_ENV(lat_file, lon_file), &path);
+	std::memcpy(stl.custom_scene_path, keep, sizeof keep);
+	return version != 0;
+}
+
 std::string rel_abs_custom_file_path(int type, const std::string& name)
 {
 	const std::string pkg = stl.custom_scene_path[0] ? std::string(stl.custom_scene_path) : (planet() ? man_path : ean_path);

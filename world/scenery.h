@@ -48,6 +48,7 @@ int in_runway(double lat, double lon);   // on a runway of the block's airports,
 
 void MP_shift_and_clear(int typeshift);   // turns what has a position, empties the grids
 void read_a_quadrant(int lat_file, int lon_file, int lat_os, int lon_os, int force_read);
+int quadrant_file_exists(int lat_file, int lon_file);   // a readable file serves this square
 int poly_is_wet(int i, int j);
 void xz_on_ground(double lat, double lon, double* x, double* z);   // the local frame's x, z of a place on the block's ground
 std::string rel_abs_custom_file_path(int type, const std::string& name);   // 5 objects, 18 terrain textures, in the quadrant's package

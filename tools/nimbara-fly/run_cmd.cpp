@@ -12,6 +12,7 @@
 #include "flight/HL_FLIGHT.h"
 #include "platform/plat_headless.h"
 #include "world/HL_WORLD.h"
+#include "world/scenery.h"
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -24,7 +25,8 @@
 namespace {
 
 const char* default_fields =
-	"dob_lat,dob_lon,dob_ele,vx,vy,vz,phi,the,psi,P,Q,R,alpha,AV_msc,v_ind_kts,g_total,l_o_d,lift_path_axis,drag_path_axis,m_total";
+	"dob_lat,dob_lon,dob_ele,vx,vy,vz,phi,the,psi,P,Q,R,alpha,AV_msc,v_ind_kts,g_total,l_o_d,lift_path_axis,drag_path_axis,m_total,"
+	"onground_any,onground_all,y_agl_mtr,fside_gear_acf,fnrml_gear_acf,faxil_gear_acf";
 
 struct column { std::string name; const void* addr; int type; };
 
@@ -50,6 +52,7 @@ int fly_run(int argc, char** argv)
 	std::string aircraft, csv, fields = default_fields;
 	float lat = 34.1f, lon = -117.2f, alt_ft = NAN, kias = NAN, ktas = NAN, heading = 0.0f, pitch = 0.0f;
 	float seconds = 60.0f, dt = 0.02f, throttle = 0.0f, yp = 0.0f, yr = 0.0f, yy = 0.0f, flaps = 0.0f, every_f = 1.0f;
+	float brakes = 0.0f, rotate_kias = NAN, toe_l = 0.0f, toe_r = 0.0f;
 	float mixture = 1.0f, prop = 1.0f, collective = NAN, cyc_ptch = NAN, cyc_roll = NAN, trim_pitch = NAN, hold_vs = NAN, release = NAN, hold_bank = NAN;
 	int calm = 0, engines_off = 0, hold_still = 0;
 	for (int k = 1; k < argc; k++) {
@@ -87,11 +90,24 @@ int fly_run(int argc, char** argv)
 		else if (o == "--cyclic-pitch") target = &cyc_ptch;
 		else if (o == "--cyclic-roll") target = &cyc_roll;
 		else if (o == "--every") target = &every_f;
+		else if (o == "--brakes") target = &brakes;
+		else if (o == "--rotate-kias") target = &rotate_kias;
+		else if (o == "--toe-brakes") {
+			char* end;
+			toe_l = std::strtof(val, &end);
+			if (*end != ',' || !number(end + 1, &toe_r)) { std::fprintf(stderr, "nimbara-fly: --toe-brakes is L,R\n"); return 2; }
+		}
 		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
 		if (target && !number(val, target)) { std::fprintf(stderr, "nimbara-fly: bad number for %s: '%s'\n", o.c_str(), val); return 2; }
 	}
-	if (aircraft.empty() || csv.empty() || std::isnan(alt_ft) || std::isnan(kias) == std::isnan(ktas)) {
-		std::fprintf(stderr, "nimbara-fly: run needs --aircraft, --alt-ft, one of --kias and --ktas, and --csv\n");
+	const bool on_ground = std::isnan(alt_ft);   // no height: at rest or rolling on the surface
+	if (on_ground && std::isnan(kias) && std::isnan(ktas)) kias = 0.0f;
+	if (aircraft.empty() || csv.empty() || std::isnan(kias) == std::isnan(ktas)) {
+		std::fprintf(stderr, "nimbara-fly: run needs --aircraft, one of --kias and --ktas (or neither on the ground), and --csv\n");
+		return 2;
+	}
+	if (!(brakes >= 0.0f && brakes <= 1.0f) || !(toe_l >= 0.0f && toe_l <= 1.0f) || !(toe_r >= 0.0f && toe_r <= 1.0f)) {
+		std::fprintf(stderr, "nimbara-fly: --brakes and --toe-brakes run 0 to 1\n");
 		return 2;
 	}
 	if (!(dt > 0.0f && dt <= 0.08f)) { std::fprintf(stderr, "nimbara-fly: --dt is above 0 and at most 0.08\n"); return 2; }
@@ -119,6 +135,24 @@ int fly_run(int argc, char** argv)
 	env.lon_wes = (int)std::lround(lon - lon_secs_os[0]);
 	ren.ground_is_vis = 1;   // the ground is there to fly over
 	load_region(1);
+	if (on_ground) {
+		if (!quadrant_file_exists((int)std::floor(lat), (int)std::floor(lon))) {
+			std::fprintf(stderr, "nimbara-fly: no scenery at %.4f %.4f to start on; give --alt-ft to start in the air\n", lat, lon);
+			MACIBM_finishup(0);
+			return 1;
+		}
+		// On its gear: the wheels' height above the surface, its resting pitch, gear down.
+		double gx, gy, gz;
+		xz_on_ground(lat, lon, &gx, &gz);
+		int i = 0, j = 0;
+		float svx, svy, svz;
+		double glat, glon, ground_ele;   // on a runway, its airport's height: the ground under it is flat there
+		xdob_latlonel_with_xyz(glat, glon, ground_ele, gx, find_local_y((float)gx, (float)gz, &svx, &svy, &svz, &i, &j, 0), gz);
+		alt_ft = (float)((ground_ele + veh[0].h_eqlbm) / con.fttomtrs);
+		pitch = veh[0].the_eqlbm;
+		f.gear_handle = 1;
+		for (int en = en_gear_lo; en <= en_gear_hi; en++) veh[0].gear_deploy[en] = 1.0f;
+	}
 	xdob_xyz_with_latlonel(f.dob_x, f.dob_y, f.dob_z, lat, lon, alt_ft * con.fttomtrs);
 	xdob_latlonel_with_xyz(f.dob_lat, f.dob_lon, f.dob_ele, f.dob_x, f.dob_y, f.dob_z);
 	// Heading and pitch are given against the horizon where the aircraft is, which the
@@ -134,6 +168,9 @@ int fly_run(int argc, char** argv)
 	const float tas = !std::isnan(ktas) ? ktas * con.ktstomsc : kias * con.ktstomsc / std::sqrt(fltmax2(con.lcl_sig, 1e-6f));
 	rot_quat(f.q, 0.0f, 0.0f, -tas, &f.vx, &f.vy, &f.vz);   // flying along the nose, the aircraft's -z
 	update_derived_flt(0);
+	if (on_ground)   // rolling: the wheels turn at the ground speed
+		for (int en = en_gear_lo; en <= en_gear_hi; en++)
+			f.tire_omega[en] = veh[0].tire_radius[en] > 0.0f ? tas / veh[0].tire_radius[en] : 0.0f;
 	set_engines_for_start(!engines_off, 0);
 	mnw.first_miss_cycle = 0;
 
@@ -186,13 +223,17 @@ int fly_run(int argc, char** argv)
 		}
 		if (!std::isnan(release) && t >= release) { yp = yr = yy = 0.0f; cyc_ptch = cyc_roll = NAN; }   // the pilot lets go
 		if (!std::isnan(trim_pitch)) f.elev_trim = trim_pitch;
-		mnw.YK_ptch = fltlim((std::isnan(cyc_ptch) ? yp : cyc_ptch) + (has_coll ? 0.0f : vs_out), -1.0f, 1.0f);   // a helicopter's cyclic is its yoke
+		const float yoke_pitch = std::isnan(rotate_kias) || f.v_ind_kts >= rotate_kias ? yp : 0.0f;   // --rotate-kias holds the pull till then
+		mnw.YK_ptch = fltlim((std::isnan(cyc_ptch) ? yoke_pitch : cyc_ptch) + (has_coll ? 0.0f : vs_out), -1.0f, 1.0f);   // a helicopter's cyclic is its yoke
 		mnw.YK_roll = std::isnan(cyc_roll) ? yr : cyc_roll;
 		if (!std::isnan(hold_bank))   // a wing leveller: bank error against roll rate
 			mnw.YK_roll = fltlim(mnw.YK_roll + 0.03f * fltwrap(hold_bank - f.phi, -180.0f, 180.0f) - 0.02f * f.P, -1.0f, 1.0f);
 		mnw.YK_hdng = yy;
 		f.flap_rqst = fltlim(flaps, 0.0f, 1.0f);
 		f.sbrk_rqst = 0.0f;   // a glider's speedbrake stays closed unless asked
+		f.parkbrake = brakes;
+		f.l_brake_add = toe_l;
+		f.r_brake_add = toe_r;
 		const veh_struct& v = veh[0];
 		for (int en = 0; en < engn_max; en++) {
 			if (!(eng_has_fadec(0, en) && fadec_is_running(0, en))) set_thro(en, throttle);   // a FADEC holds its own

@@ -1,0 +1,41 @@
+// The surface under the user's aircraft, once a pass before the flight model: open ground
+// by default, or the runway it stands on, each runway the rectangle of its record with its
+// blast pads. The runway is a flat deck at its airport's elevation, with its own surface
+// and roughness.
+#include "world/scenery.h"
+#include "world/nav_data.h"
+#include "world/HL_WORLD.h"
+#include "core/HL_MATH_FUN.h"
+#include "core/HL_TYPES.h"
+#include <cmath>
+
+void set_surface_under_aircraft()
+{
+	env.over_obs = 0;
+	env.surf_tex = 49;   // no surface: open ground
+	env.roughness = 0.0f;
+	env.rwy_wrl_over = -1;
+	if (net.getting_terrain) return;
+	const flt_struct& f = flt[0];
+	const double deg = M_PI / 180.0, m_lat = con.planet_rad * deg;
+	for (int l = 0; l <= apt_lcl_max; l++) {
+		const vec_apt_struct& a = vec_apt[apt_lcl_to_wrl[l]];
+		if (a.apt_type == 16) continue;   // a seaplane base's runway is water
+		for (const vec_rwy_struct& r : a.rwy) {
+			if (r.num_str[0] == 'x') continue;
+			const double e = (f.dob_lon - r.lon) * m_lat * std::cos(r.lat * deg), n = (f.dob_lat - r.lat) * m_lat;
+			const double psi = r.psi_true * deg, along = e * std::sin(psi) + n * std::cos(psi), side = e * std::cos(psi) - n * std::sin(psi);
+			const double blast = std::fmax(r.blast, 0.0f);
+			const double pad1 = std::floor(blast) * con.fttomtrs, pad2 = std::round((blast - std::floor(blast)) * 10000.0) * con.fttomtrs;
+			if (std::fabs(side) > 0.5 * r.width || along < -0.5 * r.len - pad1 || along > 0.5 * r.len + pad2) continue;
+			double x, y, z;
+			xdob_xyz_with_latlonel(x, y, z, f.dob_lat, f.dob_lon, a.h);
+			env.over_obs = 1;
+			env.obj_y_top = (float)y;
+			env.surf_tex = r.surf_tex;
+			env.roughness = r.roughness;
+			env.rwy_wrl_over = r.geo_ind;
+			return;
+		}
+	}
+}
