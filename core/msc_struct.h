@@ -33,6 +33,7 @@ struct env_struct {
 	int planet;                     // 0 Earth, 1 Mars
 	int lat_sou, lon_wes;           // south-west corner of the loaded region (whole degrees)
 	float obj_y_top;
+	float obj_x, obj_z;             // where the roof under the aircraft was found: it is level there
 	float lo_x, hi_x, lo_z, hi_z;   // terrain grid limits, local frame (m)
 	float mag_var;
 	float terrain_ctr[3], terrain_nrm[3];

@@ -189,15 +189,15 @@ void do_contact()
 		steer0 = 0.0f;
 		handle_contact_point(0, en, f.dob_x, f.vx, x, 0.0f, mco, f.dob_y, f.vy, y, 0.0f, mco, v.gearcon[en], &steer0, f.dob_z, f.vz, z, 0.0f, mco, v.geardmp[en]);
 	}
-	for (int en = 44; en <= 60; en++) {   // bodies: a keel point and a top point every second station
+	for (int en = 44; en <= 60; en++) {   // bodies: a keel point and a top point every second station, about the part's place
 		if (!ret_part_alive(0, en)) continue;
 		int stations = 0, points = 0;
 		ret_body_grid(0, en, 0, &stations, &points);
 		for (int s = 0; s < stations; s += 2)
 			for (int r : {points / 2, 0}) {
 				steer0 = 0.0f;
-				handle_contact_point(0, en, f.dob_x, f.vx, v.body_X[en][s][r], 0.0f, mco, f.dob_y, f.vy, v.body_Y[en][s][r], 0.0f, mco, 0.25f * v.gearcon[en], &steer0,
-				                     f.dob_z, f.vz, v.body_Z[en][s][r], 0.0f, mco, 0.25f * v.geardmp[en]);
+				handle_contact_point(0, en, f.dob_x, f.vx, v.Xarm[en] + v.body_X[en][s][r], 0.0f, mco, f.dob_y, f.vy, v.Yarm[en] + v.body_Y[en][s][r], 0.0f, mco,
+				                     0.25f * v.gearcon[en], &steer0, f.dob_z, f.vz, v.Zarm[en] + v.body_Z[en][s][r], 0.0f, mco, 0.25f * v.geardmp[en]);
 			}
 	}
 

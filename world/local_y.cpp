@@ -116,11 +116,12 @@ float find_local_y(float x, float z, float* vx, float* vy, float* vz, int* i_io,
 	*vx = *vy = *vz = 0.0f;
 	if (fullcheck && net.getting_terrain)   // the ground comes from outside
 		return env.terrain_ctr[1] - (x - env.terrain_ctr[0]) * env.terrain_nrm[0] - (z - env.terrain_ctr[2]) * env.terrain_nrm[2];
-	if (fullcheck && env.over_obs) {   // on the roof of an object or a raised deck
-		env.terrain_ctr[0] = x; env.terrain_ctr[1] = env.obj_y_top; env.terrain_ctr[2] = z;
-		env.terrain_nrm[0] = env.terrain_nrm[2] = 0.0f;
-		env.terrain_nrm[1] = 1.0f;
-		return env.obj_y_top;
+	if (fullcheck && env.over_obs) {   // on a runway's deck or an object's roof, level where it was found
+		const double up[3] = {env.obj_x, env.obj_y_top + con.planet_rad, env.obj_z};
+		const double len = std::sqrt(up[0] * up[0] + up[1] * up[1] + up[2] * up[2]);
+		env.terrain_ctr[0] = env.obj_x; env.terrain_ctr[1] = env.obj_y_top; env.terrain_ctr[2] = env.obj_z;
+		for (int k = 0; k < 3; k++) env.terrain_nrm[k] = (float)(up[k] / len);
+		return (float)(env.obj_y_top - ((x - env.obj_x) * up[0] + (z - env.obj_z) * up[2]) / up[1]);
 	}
 	if (fullcheck && (env.over_carr || env.over_frig)) return ship_deck(env.over_carr ? 0 : 1, x, z, vx, vy, vz);
 	const float* v[3];

@@ -32,6 +32,8 @@ void set_surface_under_aircraft()
 			xdob_xyz_with_latlonel(x, y, z, f.dob_lat, f.dob_lon, a.h);
 			env.over_obs = 1;
 			env.obj_y_top = (float)y;
+			env.obj_x = (float)x;
+			env.obj_z = (float)z;
 			env.surf_tex = r.surf_tex;
 			env.roughness = r.roughness;
 			env.rwy_wrl_over = r.geo_ind;

@@ -270,3 +270,56 @@ TEST_F(Quadrants, ChainPointsThatWouldReadAsAnEndAreMovedAStepEast)
 	EXPECT_EQ(r.lists[quad_roads][3].code, -1234);
 	EXPECT_EQ(r.lists[quad_roads][3].tag, 'e');
 }
+
+TEST_F(Quadrants, TheGroundsNormalRoofDeckAndBumps)
+{
+	// A plane rising 2 m a step east and north: 300 m a degree east, 400 m a degree north.
+	quadrant_data q = plane_square(35, -118);
+	for (int jj = 0; jj <= q.jmax; jj++)
+		for (int ii = 0; ii <= q.imax; ii++) q.vertices[(size_t)jj * (q.imax + 1) + ii].elev_m = 200 + 2 * jj + 2 * ii;
+	put(q, 35, -118);
+	load_region(1);
+	// Near the frame's reference the plane's slopes are the ground's (z runs south).
+	double x, z;
+	xz_on_ground(35.0025, -117.5, &x, &z);   // a cell from the reference, where the frame is level
+	int i = 0, j = 0;
+	float vx, vy, vz;
+	const float g = find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 0);
+	const double east = 300.0 / (con.planet_rad * M_PI / 180.0 * std::cos(35.0025 * M_PI / 180.0)), north = 400.0 / (con.planet_rad * M_PI / 180.0);
+	EXPECT_NEAR(env.terrain_nrm[0], -east, 2e-4);
+	EXPECT_NEAR(env.terrain_nrm[2], north, 2e-4);
+	EXPECT_GT(env.terrain_nrm[1], 0.99f);
+	// Bumps on open ground, by the surface, only when asked for in full.
+	env.surf_tex = 49;
+	env.roughness = 0.0f;
+	float worst = 0.0f;
+	for (int k = 0; k < 50; k++) {
+		const float dx = 0.37f * k;
+		const float a = find_local_y((float)x + dx, (float)z, &vx, &vy, &vz, &i, &j, 1), b = find_local_y((float)x + dx, (float)z, &vx, &vy, &vz, &i, &j, 0);
+		worst = std::max(worst, std::fabs(a - b));
+	}
+	EXPECT_GT(worst, 0.02f);
+	EXPECT_LE(worst, 0.1f);
+	// A roof: flat where it was found, whatever the ground below.
+	env.over_obs = 1;
+	env.obj_x = (float)x;
+	env.obj_z = (float)z;
+	env.obj_y_top = g + 30.0f;
+	EXPECT_NEAR(find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 1), g + 30.0f, 1e-3f);
+	EXPECT_NEAR(find_local_y((float)x + 40.0f, (float)z - 40.0f, &vx, &vy, &vz, &i, &j, 1), g + 30.0f, 0.02f);
+	env.over_obs = 0;
+	// A carrier's deck steaming north at 15 m/s, turning: the deck moves under a point on it.
+	env.over_carr = 1;
+	env.boat_x[0] = (float)x; env.boat_y[0] = 0.0f; env.boat_z[0] = (float)z;
+	env.boat_psi[0] = 0.0f; env.boat_the[0] = env.boat_phi[0] = 0.0f;
+	env.boat_vpsi[0] = 1.0f; env.boat_vthe[0] = env.boat_vphi[0] = 0.0f;
+	EXPECT_NEAR(find_local_y((float)x, (float)z, &vx, &vy, &vz, &i, &j, 1), 21.0f, 1e-3f);
+	EXPECT_NEAR(vx, 0.0f, 1e-4f);
+	EXPECT_NEAR(vz, -15.0f, 1e-4f);
+	find_local_y((float)x + 100.0f, (float)z, &vx, &vy, &vz, &i, &j, 1);   // 100 m to starboard, turning right at a degree a second
+	EXPECT_NEAR(vz, -15.0f + 100.0f * 0.0174533f, 1e-3f);
+	env.over_carr = 0;
+	// Off the grid, any cell: a finite height.
+	i = j = 0;
+	EXPECT_TRUE(std::isfinite(find_local_y(-1e8f, 1e8f, &vx, &vy, &vz, &i, &j, 1)));
+}

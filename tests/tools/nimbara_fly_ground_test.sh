@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Each aircraft of the fleet started at rest on a runway with its brakes set, in calm air,
+# settles and stays still, its contact forces carrying its weight; the trainer's two main
+# wheels carry equal loads. A ground start off the scenery or with brakes beyond full is
+# refused.
+set -u
+fly=$1
+tree=$2
+tmp=$(mktemp -d)
+trap 'rm -rf "$tmp"' EXIT
+fail() { echo "FAIL: $*"; exit 1; }
+rwy="--lat 34.095402 --lon -117.234505 --heading 70.279"   # San Bernardino, runway 06
+while IFS= read -r -d '' a; do
+	"$fly" run --aircraft "$a" $rwy --brakes 1 --calm --engines-off --seconds 30 --every 25 \
+		--fields vx,vy,vz,the,phi,onground_any,fnrml_gear_acf,m_total,tire_vrt_frc_veh[68],tire_vrt_frc_veh[69] --csv "$tmp/r.csv" ||
+		fail "run of $a"
+	grep -qiE 'nan|inf' "$tmp/r.csv" && fail "a number went bad resting $a"
+	awk -F, -v name="$(basename "$a" .acf)" 'NR > 1 && $1 >= 25 {
+		v = sqrt($2 * $2 + $3 * $3 + $4 * $4); if (v > vmax) vmax = v
+		if ($7 != 1) { printf "FAIL: %s left the ground at t %s\n", name, $1; exit 1 }
+		w = $9 * 9.79; c = cos($5 * 0.0174533) * cos($6 * 0.0174533); r = $8 / (w * c)
+		if (r < 0.97 || r > 1.03) { printf "FAIL: %s: contact force %.0f N against weight %.0f N\n", name, $8, w * c; exit 1 }
+		m68 = $10; m69 = $11; n++
+	}
+	END {
+		if (vmax > 0.02) { printf "FAIL: %s still moves at %.3f m/s\n", name, vmax; exit 1 }
+		printf "%s rests: %.4f m/s at most, contact force / weight %.3f\n", name, vmax, r
+		if (name == "Wren 180" && (m68 - m69) ^ 2 > (0.03 * m68) ^ 2) { printf "FAIL: the mains carry %.0f and %.0f N\n", m68, m69; exit 1 }
+	}' "$tmp/r.csv" || exit 1
+done < <(find "$tree/Aircraft" -name '*.acf' -print0)
+wren="$tree/Aircraft/General Aviation/Wren 180/Wren 180.acf"
+"$fly" run --aircraft "$wren" $rwy --brakes 1.5 --csv "$tmp/x.csv" 2>/dev/null && fail "took brakes beyond full"
+"$fly" run --aircraft "$wren" --lat 10.5 --lon 100.5 --csv "$tmp/x.csv" 2>/dev/null && fail "started on the ground where no scenery loads"
+exit 0
