@@ -88,6 +88,11 @@ void do_ground_effect();
 void do_lifting_parts();
 void do_bodies_and_drag();
 void do_contact();
+// One point against the surface: spring and damper along its normal, the tyre's friction;
+// 1 when in contact. Forces go to the gear accumulators.
+int handle_contact_point(int p, int en, double x_glo_ctr, float vx_glo_ctr, float x_veh, float vx_veh, float fco_roll, double y_glo_ctr, float vy_glo_ctr,
+                         float y_veh, float vy_veh, float fco_stat, float spr_con, float* tire_steer, double z_glo_ctr, float vz_glo_ctr, float z_veh,
+                         float vz_veh, float fco_kine, float spr_dmp);
 void do_wire_and_catapult();
 void do_tow_wake();
 void do_line_ends();

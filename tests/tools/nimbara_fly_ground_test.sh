@@ -29,6 +29,17 @@ while IFS= read -r -d '' a; do
 	}' "$tmp/r.csv" || exit 1
 done < <(find "$tree/Aircraft" -name '*.acf' -print0)
 wren="$tree/Aircraft/General Aviation/Wren 180/Wren 180.acf"
+# From 45 knots with full brakes and idle power the trainer stops in a landing roll's
+# distance: a 2550 lb, 180 hp trainer's published rolls from such speeds run 400 to 700 ft.
+"$fly" run --aircraft "$wren" $rwy --kias 45 --throttle 0 --brakes 1 --calm --seconds 30 --every 5 \
+	--fields dob_lat,dob_lon,v_ind_kts,onground_all --csv "$tmp/b.csv" || fail "the braking run failed"
+awk -F, 'NR == 2 { la = $2; lo = $3 } NR > 2 && !done && ($4 < 0.5 || $5 != 1) {
+	if ($5 != 1) { printf "FAIL: the trainer left the ground braking at t %s\n", $1; exit 1 }
+	d = sqrt((($2 - la) * 111195) ^ 2 + (($3 - lo) * 111195 * cos(la * 0.0174533)) ^ 2) / 0.3048; done = 1
+	if (d < 400 || d > 700) { printf "FAIL: stopped from 45 kt in %.0f ft\n", d; exit 1 }
+	printf "trainer stops from 45 kt in %.0f ft, %s s\n", d, $1
+}
+END { if (!done) { print "FAIL: the trainer did not stop"; exit 1 } }' "$tmp/b.csv" || exit 1
 "$fly" run --aircraft "$wren" $rwy --brakes 1.5 --csv "$tmp/x.csv" 2>/dev/null && fail "took brakes beyond full"
 "$fly" run --aircraft "$wren" --lat 10.5 --lon 100.5 --csv "$tmp/x.csv" 2>/dev/null && fail "started on the ground where no scenery loads"
 exit 0
