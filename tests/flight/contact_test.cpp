@@ -2,6 +2,8 @@
 // friction gain's retreat at a standstill, a locked tyre's wear, a ship's moving deck.
 #include "support/fleet.h"
 #include "core/failures.h"
+#include "world/nav_data.h"
+#include <cstdio>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -94,4 +96,47 @@ TEST_F(Contact, AnAircraftParkedOnAMovingDeckMovesWithItWithoutSlip)
 	EXPECT_LT(std::fabs(f.faxil_gear_acf), 1.0f);
 	EXPECT_LT(std::fabs(f.fside_gear_acf), 1.0f);
 	EXPECT_GT(f.fnrml_gear_acf, 0.0f);
+}
+
+TEST(ContactAtRest, TheTrainersWheelLoadsSplitByTheirLeverArmsFuelIncluded)
+{
+	ASSERT_EQ(start_fleet_aircraft("General Aviation:Wren 180:Wren 180.acf", 0.0f), 1);
+	// A long runway under the aircraft at sea level, the only airport of the block.
+	xdob_latlonel_with_xyz(flt[0].dob_lat, flt[0].dob_lon, flt[0].dob_ele, 0.0, 0.0, 0.0);
+	vec_apt.clear();
+	vec_apt_struct a{};
+	a.apt_type = 1;
+	vec_rwy_struct r{};
+	r.lat = (float)flt[0].dob_lat;
+	r.lon = (float)flt[0].dob_lon;
+	r.len = 3000.0f;
+	r.width = 60.0f;
+	r.surf_tex = 162;
+	std::snprintf(r.num_str, sizeof r.num_str, "36");
+	a.rwy.push_back(r);
+	vec_apt.push_back(a);
+	apt_lcl_to_wrl[0] = 0;
+	apt_lcl_max = 0;
+	flt_struct& f = flt[0];
+	const veh_struct& v = veh[0];
+	f.dob_y = v.h_eqlbm;
+	f.gear_handle = 1;
+	set_engines_for_start(0, 0);
+	for (int n = 0; n < 500; n++) {   // ten seconds to settle
+		mnw.totl_time += mnw.prd_FM;
+		WORLD_math_all_cases();
+		WORLD_math_in_flight();
+		PLANE_math_in_flight(0);
+	}
+	ASSERT_EQ(f.onground_all, 1) << "height " << f.dob_y << " over the runway " << env.over_obs;
+	EXPECT_LT(pythag(f.vx, f.vy, f.vz), 0.01f);
+	// The weight of the empty aircraft acts at its centre of gravity, the fuel's at its tanks.
+	const float W = f.m_total * con.g;
+	float fuel_moment = 0.0f;
+	for (int t = 0; t < tank_max; t++) fuel_moment += f.m_fuel[t] * con.g * v.tank_Z[t];
+	const float zn = v.gear_znodef[67], zm = 0.5f * (v.gear_znodef[68] + v.gear_znodef[69]);
+	const float nose = (W * zm - fuel_moment) / (zm - zn);
+	EXPECT_NEAR(f.tire_vrt_frc_veh[67], nose, 0.04f * W);
+	EXPECT_NEAR(f.tire_vrt_frc_veh[68] + f.tire_vrt_frc_veh[69], W - nose, 0.04f * W);
+	EXPECT_NEAR(f.tire_vrt_frc_veh[68], f.tire_vrt_frc_veh[69], 0.02f * W);
 }
