@@ -40,6 +40,11 @@ awk -F, 'NR == 2 { la = $2; lo = $3 } NR > 2 && !done && ($4 < 0.5 || $5 != 1) {
 	printf "trainer stops from 45 kt in %.0f ft, %s s\n", d, $1
 }
 END { if (!done) { print "FAIL: the trainer did not stop"; exit 1 } }' "$tmp/b.csv" || exit 1
+# Flown into the runway nose down at the longest step: hard, but every number stays finite.
+for a in "$wren" "$tree/Aircraft/Heavy Metal/Meridian 320/Meridian 320.acf"; do
+	"$fly" run --aircraft "$a" $rwy --alt-ft 1175 --kias 90 --pitch -20 --dt 0.08 --seconds 20 --csv "$tmp/h.csv" || fail "the hard landing run failed"
+	grep -qiE 'nan|inf' "$tmp/h.csv" && fail "a number went bad in a hard landing of $a"
+done
 "$fly" run --aircraft "$wren" $rwy --brakes 1.5 --csv "$tmp/x.csv" 2>/dev/null && fail "took brakes beyond full"
 "$fly" run --aircraft "$wren" --lat 10.5 --lon 100.5 --csv "$tmp/x.csv" 2>/dev/null && fail "started on the ground where no scenery loads"
 exit 0
