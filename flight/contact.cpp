@@ -7,6 +7,8 @@
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
 #include "core/failures.h"
+#include "render/HL_GRAPH.h"
+#include "ui/HL_UI.h"
 #include "world/HL_WORLD.h"
 #include "world/scenery.h"
 #include <cmath>
@@ -126,6 +128,19 @@ int handle_contact_point(int p, int en, double x_glo_ctr, float vx_glo_ctr, floa
 	if (is_tire && v.gear_steers[en] && v.nw_side_k > 0.01f) fx_fric = fltlim(fx_fric, -v.nw_side_k * std::fabs(beta_road), v.nw_side_k * std::fabs(beta_road));
 
 	if (touching) {
+		// Tyre smoke when skidding, spray on a wet runway, dust off it; a thump by how hard it came down.
+		if (mnw.puff20) {
+			auto ssqrt = [](float a) { return a < 0.0f ? -std::sqrt(-a) : std::sqrt(a); };
+			float puff = 0.3f * ssqrt(total_skid_vel - 0.8f);
+			int color = 7;
+			if (atm.rway_fric_code > 0) { puff = 0.3f * ssqrt(total_z_vel); color = 22; }
+			if (env.surf_tex <= 49) puff = 0.3f * ssqrt(total_z_vel);
+			if (puff > 0.01f)
+				spawn_puff((float)x_glo, (float)y_glo, (float)z_glo, vx_srf, vy_srf, vz_srf, (is_tire ? v.tire_radius[en] : 0.25f) * puff, color, 1);
+		}
+		if (p == 0)
+			for (int k = 4; k >= 1; k--)
+				if (def_dot < -(float)k) SOUND_play_buffer(40 + k, 1.0f, 1.0f);
 		addFsgear(p, fx_spring + fx_fric, y_veh + def, z_veh);
 		addFngear(p, fy_spring, x_veh, z_veh);
 		addFagear(p, fz_spring + fz_fric, y_veh + def, x_veh);

@@ -17,3 +17,4 @@ void OGL_init_state();         // the fixed OpenGL state set once at start
 void load_plane_geo(int build, int a, int b, int p);   // the aircraft's drawing geometry
 void build_obs(float x, float z, float psi, float dh, const std::string& path, int typ, int mode);   // one scenery object into the block
 extern float planenrml[451][401][3];   // the block's vertex normals, relief exaggerated for lighting
+void spawn_puff(float x, float y, float z, float vx, float vy, float vz, float size, int color, int miny);   // a puff of smoke, dust or spray

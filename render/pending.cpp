@@ -19,3 +19,4 @@ void load_plane_geo(int, int, int, int) {}   // aircraft drawing: later step
 void set_up_runway_geo(int, int) {}   // runway polygons: terrain-mesh step
 void set_up_runway_lit(int, int) {}   // runway lights: terrain-mesh step
 void build_obs(float, float, float, float, const std::string&, int, int) {}   // scenery objects: objects step
+void spawn_puff(float, float, float, float, float, float, float, int, int) {}   // smoke and spray: effects step

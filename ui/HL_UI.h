@@ -2,6 +2,7 @@
 #pragma once
 
 void SOUND_play(int snd);
+void SOUND_play_buffer(int n, float pitch, float volume);
 void SOUND_close();
 void SOUND_start_stop(int start);
 void SOUND_maintain();

@@ -2,6 +2,7 @@
 #include "ui/HL_UI.h"
 
 void SOUND_play(int) {}             // sound: later step
+void SOUND_play_buffer(int, float, float) {}
 void SOUND_close() {}
 void SOUND_start_stop(int) {}
 void SOUND_maintain() {}
