@@ -140,3 +140,16 @@ TEST(ContactAtRest, TheTrainersWheelLoadsSplitByTheirLeverArmsFuelIncluded)
 	EXPECT_NEAR(f.tire_vrt_frc_veh[68] + f.tire_vrt_frc_veh[69], W - nose, 0.04f * W);
 	EXPECT_NEAR(f.tire_vrt_frc_veh[68], f.tire_vrt_frc_veh[69], 0.02f * W);
 }
+
+TEST_F(Contact, AZeroTyreOrWheelInertiaStaysFinite)
+{
+	veh[0].tire_radius[en] = 0.0f;
+	veh[0].tire_mi[en] = 0.0f;
+	flt_struct& f = flt[0];
+	for (int k = 0; k < 100; k++) {
+		f.tire_trq[en] = -1000.0f * fltlim(f.tire_omega[en], -1.0f, 1.0f);
+		press(0.02f, 0.5f, -20.0f);
+	}
+	for (float x : {f.tire_omega[en], f.term_omega[en], f.tire_rotation[en], f.fside_gear_acf, f.fnrml_gear_acf, f.faxil_gear_acf, f.L, f.M, f.N, f.tire_drag_dis[en]})
+		EXPECT_TRUE(std::isfinite(x));
+}
