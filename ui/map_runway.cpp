@@ -9,9 +9,8 @@ void plot_build_rwy(int apt_wrl, int rwy_wrl, float* corner_lat, float* corner_l
 {
 	const vec_apt_struct& a = vec_apt[apt_wrl];
 	const vec_rwy_struct& r = a.rwy[rwy_wrl];
-	// The overrun value packs the first end in whole feet, the second in the fraction times 10000.
-	const double blast = std::fmax(r.blast, 0.0f);
-	const double over1 = std::floor(blast) * con.fttomtrs, over2 = std::round((blast - std::floor(blast)) * 10000.0) * con.fttomtrs;
+	double over1, over2;
+	ret_rwy_overruns(r, &over1, &over2);
 	const double psi = r.psi_true * M_PI / 180.0;
 	const double along_e = std::sin(psi), along_n = std::cos(psi);   // toward the far end
 	const double half_w = 0.5 * r.width, back = 0.5 * r.len + over1, fwd = 0.5 * r.len + over2;

@@ -137,14 +137,8 @@ int in_runway(double lat, double lon)
 {
 	for (int l = 0; l <= apt_lcl_max; l++) {
 		const vec_apt_struct& a = vec_apt[apt_lcl_to_wrl[l]];
-		for (const vec_rwy_struct& r : a.rwy) {
-			if (r.num_str[0] == 'x') continue;
-			const double e = (lon - r.lon) * m_per_deg_lat() * std::cos(r.lat * deg), n = (lat - r.lat) * m_per_deg_lat();
-			const double psi = r.psi_true * deg;
-			const double along = e * std::sin(psi) + n * std::cos(psi), side = e * std::cos(psi) - n * std::sin(psi);
-			const double blast = std::fmax(r.blast, 0.0f), over = std::fmax(std::floor(blast), std::round((blast - std::floor(blast)) * 10000.0)) * con.fttomtrs;
-			if (std::fabs(side) <= 0.5 * r.width && std::fabs(along) <= 0.5 * r.len + over) return 1;
-		}
+		for (const vec_rwy_struct& r : a.rwy)
+			if (r.num_str[0] != 'x' && on_runway(r, lat, lon)) return 1;
 	}
 	return 0;
 }

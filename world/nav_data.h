@@ -115,6 +115,8 @@ extern nav_menu_lists nav_menus;
 
 void MP_make_airports_and_menus(int typeshift);   // inreg, the block lists, the menus, msc.radio_busy_fac
 void ret_rwy_end_names(const vec_rwy_struct& r, std::string* near_end, std::string* far_end);
+void ret_rwy_overruns(const vec_rwy_struct& r, double* first_m, double* second_m);   // the packed blast pads, metres
+int on_runway(const vec_rwy_struct& r, double lat, double lon);   // within its width, its length and its blast pads
 int IO_nav(int IO_type);   // 0 read, 1 write, the planet's file; 1 or 0
 int IO_fix(int IO_type);
 int IO_awy(int IO_type);

@@ -60,3 +60,21 @@ float ret_mag_var(float lat, float lon)
 	                fy * ((1 - fx) * rel(raw_mag_var[r + 1][c]) + fx * rel(raw_mag_var[r + 1][c + 1]));
 	return fltwrap(v, -180.0f, 180.0f);
 }
+
+// The overrun value packs the first end in whole feet, the second in the fraction times 10000.
+void ret_rwy_overruns(const vec_rwy_struct& r, double* first_m, double* second_m)
+{
+	const double blast = std::fmax(r.blast, 0.0f);
+	*first_m = std::floor(blast) * con.fttomtrs;
+	*second_m = std::round((blast - std::floor(blast)) * 10000.0) * con.fttomtrs;
+}
+
+int on_runway(const vec_rwy_struct& r, double lat, double lon)
+{
+	const double deg = M_PI / 180.0, m_lat = con.planet_rad * deg;
+	const double e = (lon - r.lon) * m_lat * std::cos(r.lat * deg), n = (lat - r.lat) * m_lat;
+	const double psi = r.psi_true * deg, along = e * std::sin(psi) + n * std::cos(psi), side = e * std::cos(psi) - n * std::sin(psi);
+	double pad1, pad2;
+	ret_rwy_overruns(r, &pad1, &pad2);
+	return std::fabs(side) <= 0.5 * r.width && along >= -0.5 * r.len - pad1 && along <= 0.5 * r.len + pad2;
+}

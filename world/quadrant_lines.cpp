@@ -99,11 +99,9 @@ double depth_in_cell(int i, int j, double x, double z)
 
 }  // namespace
 
-void line_reader::start(int kind_, int lat_file_, int lon_file_, int i_from, int j_from, int imax, int jmax)
+void line_reader::start(int kind_, int i_from, int j_from, int imax, int jmax)
 {
 	kind = kind_;
-	lat_file = lat_file_;
-	lon_file = lon_file_;
 	cells = {i_from, j_from, i_from + imax - 1, j_from + jmax - 1};
 	have_old = false;
 	prev_i = prev_j = -1;

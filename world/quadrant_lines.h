@@ -3,7 +3,7 @@
 #include "world/quadrant_file.h"
 
 struct line_reader {
-	int kind = 0, lat_file = 0, lon_file = 0;
+	int kind = 0;
 	struct { int i_lo, j_lo, i_hi, j_hi; } cells{};
 	bool have_old = false;
 	double old_x = 0, old_z = 0;
@@ -11,7 +11,7 @@ struct line_reader {
 	bool tower_pending = false;   // the last tower waits for its next
 	int tower_i = 0, tower_j = 0, tower_n = 0;
 
-	void start(int kind, int lat_file, int lon_file, int i_from, int j_from, int imax, int jmax);
+	void start(int kind, int i_from, int j_from, int imax, int jmax);
 	void point(double lat, double lon, bool last);   // the next point of the current chain
 	void finish();                                    // the tidy pass once the list is read
 private:

@@ -234,7 +234,7 @@ void read_objects_and_lists(quad_cursor& c, int version, int lat_file, int lon_f
 	const int p_ = planet();
 	for (int l = 0; l < quad_num_lists(version); l++) {
 		line_reader lines;
-		lines.start(l, lat_file, lon_file, i_from, j_from, file_imax[p_], file_jmax[p_]);
+		lines.start(l, i_from, j_from, file_imax[p_], file_jmax[p_]);
 		quad_point p;
 		while ((r = quad_read_point(c, l == quad_taxis, &p)) == 1) {
 			double lat = p.lat, lon = p.lon;

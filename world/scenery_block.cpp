@@ -189,24 +189,19 @@ void MP_shift_and_clear(int typeshift)
 			quat_to_euler(f.q, &f.psi, &f.the, &f.phi);
 			xdob_xyz_with_latlonel_ref(f.dob_x, f.dob_y, f.dob_z, lat, lon, ele, lat_n, lon_n);
 		}
-	// The fire burns on where it was.
-	if (dlat || dlon)
-		for (auto& f : scn.firexyz) {
-			if (f[0] < -9e9f) continue;
-			double lat, lon, ele, x, y, z;
-			xdob_latlonel_with_xyz_ref(lat, lon, ele, f[0], f[1], f[2], lat_o, lon_o);
-			xdob_xyz_with_latlonel_ref(x, y, z, lat, lon, ele, lat_n, lon_n);
-			f[0] = (float)x; f[1] = (float)y; f[2] = (float)z;
-		}
-	// Boats out on the water keep their place on the planet; those set away stay away.
-	if (dlat || dlon)
-		for (int b = 0; b < boat_max; b++) {
-			if (env.boat_x[b] < -9e9f || env.boat_z[b] < -9e9f) continue;
-			double lat, lon, ele, x, y, z;
-			xdob_latlonel_with_xyz_ref(lat, lon, ele, env.boat_x[b], env.boat_y[b], env.boat_z[b], lat_o, lon_o);
-			xdob_xyz_with_latlonel_ref(x, y, z, lat, lon, ele, lat_n, lon_n);
-			env.boat_x[b] = (float)x; env.boat_y[b] = (float)y; env.boat_z[b] = (float)z;
-		}
+	// The fire burns on where it was, boats on the water keep their place on the planet;
+	// those set away stay away.
+	auto keep_place = [&](float& x, float& y, float& z) {
+		if (x < -9e9f || z < -9e9f) return;
+		double lat, lon, ele, nx, ny, nz;
+		xdob_latlonel_with_xyz_ref(lat, lon, ele, x, y, z, lat_o, lon_o);
+		xdob_xyz_with_latlonel_ref(nx, ny, nz, lat, lon, ele, lat_n, lon_n);
+		x = (float)nx; y = (float)ny; z = (float)nz;
+	};
+	if (dlat || dlon) {
+		for (auto& f : scn.firexyz) keep_place(f[0], f[1], f[2]);
+		for (int b = 0; b < boat_max; b++) keep_place(env.boat_x[b], env.boat_y[b], env.boat_z[b]);
+	}
 	static const float st_default[4][2] = {{0, 0}, {0, 1}, {1, 1}, {1, 0}};
 	for (int i = 0; i < regn_dim_i; i++)
 		for (int j = 0; j < regn_dim_j; j++) {

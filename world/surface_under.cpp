@@ -17,17 +17,11 @@ void set_surface_under_aircraft()
 	env.rwy_wrl_over = -1;
 	if (net.getting_terrain) return;
 	const flt_struct& f = flt[0];
-	const double deg = M_PI / 180.0, m_lat = con.planet_rad * deg;
 	for (int l = 0; l <= apt_lcl_max; l++) {
 		const vec_apt_struct& a = vec_apt[apt_lcl_to_wrl[l]];
 		if (a.apt_type == 16) continue;   // a seaplane base's runway is water
 		for (const vec_rwy_struct& r : a.rwy) {
-			if (r.num_str[0] == 'x') continue;
-			const double e = (f.dob_lon - r.lon) * m_lat * std::cos(r.lat * deg), n = (f.dob_lat - r.lat) * m_lat;
-			const double psi = r.psi_true * deg, along = e * std::sin(psi) + n * std::cos(psi), side = e * std::cos(psi) - n * std::sin(psi);
-			const double blast = std::fmax(r.blast, 0.0f);
-			const double pad1 = std::floor(blast) * con.fttomtrs, pad2 = std::round((blast - std::floor(blast)) * 10000.0) * con.fttomtrs;
-			if (std::fabs(side) > 0.5 * r.width || along < -0.5 * r.len - pad1 || along > 0.5 * r.len + pad2) continue;
+			if (r.num_str[0] == 'x' || !on_runway(r, f.dob_lat, f.dob_lon)) continue;
 			double x, y, z;
 			xdob_xyz_with_latlonel(x, y, z, f.dob_lat, f.dob_lon, a.h);
 			env.over_obs = 1;

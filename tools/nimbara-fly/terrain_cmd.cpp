@@ -21,22 +21,45 @@
 #include <string>
 #include <vector>
 
-int fly_terrain(int argc, char** argv)
+namespace {
+
+// --tree, --lat, --lon and, where taken, --points; 0, or 2 with the reason said.
+int place_args(int argc, char** argv, std::string* tree, double* lat, double* lon, std::string* points_file)
 {
-	std::string tree = fly_default_tree(), points_file;
-	double lat = NAN, lon = NAN;
+	*tree = fly_default_tree();
+	*lat = *lon = NAN;
 	for (int k = 1; k < argc; k++) {
 		const std::string o = argv[k];
 		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
 		const char* val = argv[++k];
 		char* end = nullptr;
-		if (o == "--tree") tree = std::string(val) + "/";
-		else if (o == "--points") points_file = val;
-		else if (o == "--lat") lat = std::strtod(val, &end);
-		else if (o == "--lon") lon = std::strtod(val, &end);
+		if (o == "--tree") *tree = std::string(val) + "/";
+		else if (o == "--points" && points_file) *points_file = val;
+		else if (o == "--lat") *lat = std::strtod(val, &end);
+		else if (o == "--lon") *lon = std::strtod(val, &end);
 		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
 		if (end && (*end || end == val)) { std::fprintf(stderr, "nimbara-fly: bad number for %s: '%s'\n", o.c_str(), val); return 2; }
 	}
+	return 0;
+}
+
+// A place of the local frame, on the ground, as latitude and longitude.
+void place_of(float x, float z, double* lat, double* lon, float* ground)
+{
+	int i = 0, j = 0;
+	float vx, vy, vz;
+	*ground = find_local_y(x, z, &vx, &vy, &vz, &i, &j, 0);
+	double ele;
+	xdob_latlonel_with_xyz(*lat, *lon, ele, x, *ground, z);
+}
+
+}  // namespace
+
+int fly_terrain(int argc, char** argv)
+{
+	std::string tree, points_file;
+	double lat, lon;
+	if (place_args(argc, argv, &tree, &lat, &lon, &points_file)) return 2;
 	std::vector<std::pair<double, double>> pts;
 	if (!points_file.empty()) {
 		std::ifstream in(points_file);
@@ -95,35 +118,12 @@ int fly_terrain(int argc, char** argv)
 	return 0;
 }
 
-namespace {
-
-// A place of the local frame, on the ground, as latitude and longitude.
-void place_of(float x, float z, double* lat, double* lon, float* ground)
-{
-	int i = 0, j = 0;
-	float vx, vy, vz;
-	*ground = find_local_y(x, z, &vx, &vy, &vz, &i, &j, 0);
-	double ele;
-	xdob_latlonel_with_xyz(*lat, *lon, ele, x, *ground, z);
-}
-
-}  // namespace
 
 int fly_block(int argc, char** argv)
 {
-	std::string tree = fly_default_tree();
-	double lat = NAN, lon = NAN;
-	for (int k = 1; k < argc; k++) {
-		const std::string o = argv[k];
-		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
-		const char* val = argv[++k];
-		char* end = nullptr;
-		if (o == "--tree") tree = std::string(val) + "/";
-		else if (o == "--lat") lat = std::strtod(val, &end);
-		else if (o == "--lon") lon = std::strtod(val, &end);
-		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
-		if (end && (*end || end == val)) { std::fprintf(stderr, "nimbara-fly: bad number for %s: '%s'\n", o.c_str(), val); return 2; }
-	}
+	std::string tree;
+	double lat, lon;
+	if (place_args(argc, argv, &tree, &lat, &lon, nullptr)) return 2;
 	if (!(std::fabs(lat) <= 89.0 && std::fabs(lon) <= 180.0)) { std::fprintf(stderr, "nimbara-fly: block needs --lat and --lon on the planet's blocks\n"); return 2; }
 	if (tree.empty() || !std::filesystem::is_directory(tree)) { std::fprintf(stderr, "nimbara-fly: no data tree; give --tree DIR\n"); return 1; }
 	try {

@@ -9,13 +9,6 @@ namespace {
 
 constexpr double km_per_deg_lat = 111.2, km_per_deg_lon = 90.0;
 
-uint32_t hash3(int64_t x, int64_t y, uint32_t s)
-{
-	uint64_t h = (uint64_t)x * 0x9E3779B97F4A7C15ull ^ (uint64_t)y * 0xC2B2AE3D27D4EB4Full ^ (uint64_t)s * 0x165667B19E3779F9ull;
-	h ^= h >> 29; h *= 0xBF58476D1CE4E5B9ull; h ^= h >> 32; h *= 0x94D049BB133111EBull; h ^= h >> 31;
-	return (uint32_t)h;
-}
-
 double fade(double t) { return t * t * t * (t * (t * 6 - 15) + 10); }
 
 double smoothstep(double a, double b, double x)
@@ -55,12 +48,19 @@ double ridged(double xk, double yk, double wavelength, int octaves, uint32_t see
 
 }  // namespace
 
+uint32_t place_hash(int64_t x, int64_t y, uint32_t s)
+{
+	uint64_t h = (uint64_t)x * 0x9E3779B97F4A7C15ull ^ (uint64_t)y * 0xC2B2AE3D27D4EB4Full ^ (uint64_t)s * 0x165667B19E3779F9ull;
+	h ^= h >> 29; h *= 0xBF58476D1CE4E5B9ull; h ^= h >> 32; h *= 0x94D049BB133111EBull; h ^= h >> 31;
+	return (uint32_t)h;
+}
+
 double noise01(double x, double y, uint32_t seed)
 {
 	const double fx = std::floor(x), fy = std::floor(y);
 	const int64_t ix = (int64_t)fx, iy = (int64_t)fy;
 	const double u = fade(x - fx), v = fade(y - fy);
-	auto h = [&](int64_t a, int64_t b) { return hash3(a, b, seed) * (1.0 / 4294967295.0); };
+	auto h = [&](int64_t a, int64_t b) { return place_hash(a, b, seed) * (1.0 / 4294967295.0); };
 	const double a = h(ix, iy) + (h(ix + 1, iy) - h(ix, iy)) * u;
 	const double b = h(ix, iy + 1) + (h(ix + 1, iy + 1) - h(ix, iy + 1)) * u;
 	return a + (b - a) * v;

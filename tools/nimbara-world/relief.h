@@ -19,3 +19,4 @@ double relief_height(double lat, double lon, double coast_km, uint32_t seed, dou
 // 5 rock, 6 snow, 7 town; 14 an inland lake. City ground (1) is the caller's, round airports.
 int relief_land_use(const relief_inputs& in, double height, uint32_t seed);
 double noise01(double x, double y, uint32_t seed);   // smooth value noise, 0..1, lattice step 1
+uint32_t place_hash(int64_t x, int64_t y, uint32_t seed);   // the generator's one hash of a grid place

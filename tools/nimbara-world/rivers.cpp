@@ -4,6 +4,7 @@
 // meet run on together and the set of river edges does not depend on the order they are
 // traced in.
 #include "tools/nimbara-world/scenery_gen.h"
+#include "tools/nimbara-world/relief.h"
 #include <algorithm>
 #include <cmath>
 
@@ -14,13 +15,6 @@ constexpr int source_step = 12;      // grid steps between candidate sources
 constexpr int source_min_elev = 600;
 
 bool is_water(int use) { return use == 14 || use == 15; }
-
-uint32_t mix(long a, long b, uint32_t s)
-{
-	uint64_t h = (uint64_t)a * 0x9E3779B97F4A7C15ull ^ (uint64_t)b * 0xC2B2AE3D27D4EB4Full ^ (uint64_t)s * 0x165667B19E3779F9ull;
-	h ^= h >> 31; h *= 0xBF58476D1CE4E5B9ull; h ^= h >> 29;
-	return (uint32_t)h;
-}
 
 double step_m(const planet_grid& g, vertex_id v, int di, int dj)
 {
@@ -59,7 +53,7 @@ river_set trace_rivers(terrain_maker& t, int south, int west, int north, int eas
 	const long gi0 = (long)(std::max(west - m_lon, -180) + 180) * g.nlon, gi1 = (long)(std::min(east + m_lon, 180) + 180) * g.nlon;
 	for (long gj = (gj0 + source_step - 1) / source_step * source_step; gj < gj1; gj += source_step)
 		for (long gi = (gi0 + source_step - 1) / source_step * source_step; gi < gi1; gi += source_step) {
-			if (mix(gi, gj, t.seed()) % 100 >= 35) continue;
+			if (place_hash(gi, gj, t.seed()) % 100 >= 35) continue;
 			const vertex_id src{gi, gj};
 			if (t.elev(src) < source_min_elev || is_water(t.use(src))) continue;
 			std::vector<std::pair<vertex_id, vertex_id>> edges;

@@ -1,6 +1,7 @@
 // nimbara-world scenery: a quadrant file for each degree square of a region, its ground
 // from the square fields, its rivers and the radio towers on its summits.
 #include "tools/nimbara-world/scenery_gen.h"
+#include "tools/nimbara-world/relief.h"
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -10,13 +11,6 @@
 #include <vector>
 
 namespace {
-
-uint32_t mix(long a, long b, uint32_t s)
-{
-	uint64_t h = (uint64_t)a * 0xD6E8FEB86659FD93ull ^ (uint64_t)b * 0x9E3779B97F4A7C15ull ^ s;
-	h ^= h >> 32; h *= 0xD6E8FEB86659FD93ull; h ^= h >> 32;
-	return (uint32_t)h;
-}
 
 quadrant_data make_quadrant(terrain_maker& t, const river_set& rivers, int lat_file, int lon_file)
 {
@@ -34,7 +28,7 @@ quadrant_data make_quadrant(terrain_maker& t, const river_set& rivers, int lat_f
 		}
 	// Radio towers of 200 to 1000 feet on the summits.
 	for (const vertex_id& v : summit_towers(t, lat_file, lon_file))
-		q.objects.push_back({3, (float)g.lat(v.second), (float)g.lon(v.first), (float)(200 + mix(v.first, v.second, t.seed()) % 801), ""});
+		q.objects.push_back({3, (float)g.lat(v.second), (float)g.lon(v.first), (float)(200 + place_hash(v.first, v.second, t.seed()) % 801), ""});
 	for (const auto& chain : river_chains(rivers, g, lat_file, lon_file))
 		for (size_t n = 0; n < chain.size(); n++)
 			q.lists[quad_river].push_back({lat_lon_to_code(g.lat(chain[n].second), g.lon(chain[n].first), lat_file, lon_file), 0.0f, 0.0f,
