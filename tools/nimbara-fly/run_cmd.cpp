@@ -142,12 +142,14 @@ int fly_run(int argc, char** argv)
 			return 1;
 		}
 		// On its gear: the wheels' height above the surface, its resting pitch, gear down.
-		double gx, gy, gz;
+		double gx, gz;
 		xz_on_ground(lat, lon, &gx, &gz);
 		int i = 0, j = 0;
 		float svx, svy, svz;
 		double glat, glon, ground_ele;   // on a runway, its airport's height: the ground under it is flat there
-		xdob_latlonel_with_xyz(glat, glon, ground_ele, gx, find_local_y((float)gx, (float)gz, &svx, &svy, &svz, &i, &j, 0), gz);
+		f.dob_lat = lat; f.dob_lon = lon;   // the surface the first pass will find: a runway's deck or the ground
+		set_surface_under_aircraft();
+		xdob_latlonel_with_xyz(glat, glon, ground_ele, gx, find_local_y((float)gx, (float)gz, &svx, &svy, &svz, &i, &j, 1), gz);
 		alt_ft = (float)((ground_ele + veh[0].h_eqlbm) / con.fttomtrs);
 		pitch = veh[0].the_eqlbm;
 		f.gear_handle = 1;
@@ -180,11 +182,19 @@ int fly_run(int argc, char** argv)
 	while (std::getline(ss, item, ',')) {
 		int type = 0;
 		const void* addr = ret_flt_address(0, item.c_str(), &type);
-		if (!addr) { std::fprintf(stderr, "nimbara-fly: no field '%s' in the flight record\n", item.c_str()); return 2; }
+		if (!addr) {   // the loader's worker threads end before we leave
+			std::fprintf(stderr, "nimbara-fly: no field '%s' in the flight record\n", item.c_str());
+			MACIBM_finishup(1);
+			return 2;
+		}
 		cols.push_back({item, addr, type});
 	}
 	FILE* out = std::fopen(csv.c_str(), "w");
-	if (!out) { std::fprintf(stderr, "nimbara-fly: cannot write %s\n", csv.c_str()); return 1; }
+	if (!out) {
+		std::fprintf(stderr, "nimbara-fly: cannot write %s\n", csv.c_str());
+		MACIBM_finishup(1);
+		return 1;
+	}
 	std::fprintf(out, "t");
 	for (const column& c : cols) std::fprintf(out, ",%s", c.name.c_str());
 	std::fprintf(out, "\n");
