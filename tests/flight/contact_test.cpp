@@ -136,9 +136,9 @@ TEST(ContactAtRest, TheTrainersWheelLoadsSplitByTheirLeverArmsFuelIncluded)
 	for (int t = 0; t < tank_max; t++) fuel_moment += f.m_fuel[t] * con.g * v.tank_Z[t];
 	const float zn = v.gear_znodef[67], zm = 0.5f * (v.gear_znodef[68] + v.gear_znodef[69]);
 	const float nose = (W * zm - fuel_moment) / (zm - zn);
-	EXPECT_NEAR(f.tire_vrt_frc_veh[67], nose, 0.04f * W);
-	EXPECT_NEAR(f.tire_vrt_frc_veh[68] + f.tire_vrt_frc_veh[69], W - nose, 0.04f * W);
-	EXPECT_NEAR(f.tire_vrt_frc_veh[68], f.tire_vrt_frc_veh[69], 0.02f * W);
+	EXPECT_NEAR(f.tire_vrt_frc_veh[67], nose, 0.01f * W);
+	EXPECT_NEAR(f.tire_vrt_frc_veh[68] + f.tire_vrt_frc_veh[69], W - nose, 0.01f * W);
+	EXPECT_NEAR(f.tire_vrt_frc_veh[68], f.tire_vrt_frc_veh[69], 0.005f * W);
 }
 
 TEST_F(Contact, AZeroTyreOrWheelInertiaStaysFinite)
