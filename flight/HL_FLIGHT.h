@@ -39,6 +39,7 @@ float F_el_force(float modcl, float modcd, float modcm, float* lift, float* drag
 float ret_ge_hgt_mtrs(int en);
 float control_crat(int p, int en, float el, int type);
 float flap_cl_rat(float def);
+void ret_prop_wash(const flt_struct& f, int w, float wash[3]);   // thrust point w's wash, aircraft axes
 void set_con_eff(int en, int el, int type, float def, float* mod_al, float* mod_cl, float* mod_cd, float* mod_cm,
                  const char* name, int is_end);
 
@@ -87,6 +88,8 @@ void do_lines();
 void do_ground_effect();
 void do_lifting_parts();
 void do_bodies_and_drag();
+void get_body_coeffs(float s_frn, float s_sid, float s_top, float cd_0, float v_msc, float alph_rad, float* sublift, float beta_rad,
+                     float* subside, float angl_rad, float* subdrag);
 void do_contact();
 // One point against the surface: spring and damper along its normal, the tyre's friction;
 // 1 when in contact. Forces go to the gear accumulators.

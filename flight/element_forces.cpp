@@ -132,6 +132,15 @@ void set_con_eff(int en, int el, int type, float def, float* mod_al, float* mod_
 	if (mnw.cyc_out) cyc << "   " << name << ": al " << al_inc << " cl " << cl_inc << " cd " << cd_inc << " cm " << cm_inc << "\n";
 }
 
+void ret_prop_wash(const flt_struct& f, int w, float wash[3])
+{
+	const float sc = f.side_disc_cant_cyclic[w] * con.degtorad, vc = f.vert_disc_cant_cyclic[w] * con.degtorad;
+	const float D = f.POINT_DVinc[w];
+	wash[0] = -D * std::sin(sc);
+	wash[1] = -D * std::cos(sc) * std::sin(vc);
+	wash[2] = D * std::cos(sc) * std::cos(vc);
+}
+
 void do_lifting_parts()
 {
 	const veh_struct& v = veh[0];
@@ -162,9 +171,8 @@ void do_lifting_parts()
 			float n_v = Vp * std::sin(gr) + iy * cdih - ix * sdih * ls;
 			for (int w = 0; w < v.num_thrustpoints && w < engn_max; w++) {   // propwash and its swirl
 				if (!ret_part_alive(0, w) || v.prop_type[w] == 5 || v.prop_type[w] == 6 || std::fabs(f.POINT_DVinc[w]) <= 0.01f) continue;
-				const float sc = f.side_disc_cant_cyclic[w] * con.degtorad, vc = f.vert_disc_cant_cyclic[w] * con.degtorad;
-				const float D = f.POINT_DVinc[w];
-				const float wash[3] = {-D * std::sin(sc), -D * std::cos(sc) * std::sin(vc), D * std::cos(sc) * std::cos(vc)};
+				float wash[3];
+				ret_prop_wash(f, w, wash);
 				const float geo[3] = {x - f.POINT_XYZ[w][0], y - f.POINT_XYZ[w][1], z - f.POINT_XYZ[w][2]};
 				const float was[3] = {f.vx_air_on_acf + wash[0], f.vy_air_on_acf + wash[1], f.vz_air_on_acf + wash[2]};
 				const float nrm[3] = {geo[1] * was[2] - geo[2] * was[1], geo[2] * was[0] - geo[0] * was[2], geo[0] * was[1] - geo[1] * was[0]};

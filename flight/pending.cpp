@@ -11,7 +11,6 @@ void force_weapons() {}
 void integ_weapons(int) {}
 void inc_weapon_masses() {}
 void do_lines() {}                           // tow, winch and sling lines: later step
-void do_bodies_and_drag() {}                 // bodies, gear drag, speedbrake, chute: later step
 void do_wire_and_catapult() {}
 void do_tow_wake() {}
 void do_line_ends() {}

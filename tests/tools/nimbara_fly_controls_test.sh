@@ -58,8 +58,9 @@ awk -v d="$(mean "$tmp/trim-0.1.csv")" -v z="$(mean "$tmp/trim0.csv")" -v u="$(m
 }' || exit 1
 
 # The hover, out of ground effect. A flight started at rest starts its engine at idle:
-# the governor's hold is judged once the engine has spooled up.
-"$fly" run --aircraft "$hornet" --alt-ft 3000 --kias 0 --calm --hold-vs 0 --collective 0.3 --seconds 60 --every 10 \
+# the governor's hold is judged once the engine has spooled up. The pilot holds the cyclic
+# a little left against the tail rotor's push, and the heading with the pedals.
+"$fly" run --aircraft "$hornet" --alt-ft 3000 --kias 0 --calm --hold-vs 0 --collective 0.3 --cyclic-roll -0.06 --hold-heading 0 --seconds 60 --every 10 \
 	--fields POINT_thrust[0],m_total,POINT_tac_rad[0],psi,Vh_fpm --csv "$tmp/hover.csv" || fail "the hover run failed"
 awk -F, 'NR == 2 { w0 = $4 } NR > 1 && $1 >= 6 {
 	d = $4 / w0 - 1; if (d < 0) d = -d; if (d > dw) dw = d; if ($1 >= 20 && d > dw_late) dw_late = d

@@ -52,14 +52,15 @@ int fly_run(int argc, char** argv)
 	std::string aircraft, csv, fields = default_fields;
 	float lat = 34.1f, lon = -117.2f, alt_ft = NAN, kias = NAN, ktas = NAN, heading = 0.0f, pitch = 0.0f;
 	float seconds = 60.0f, dt = 0.02f, throttle = 0.0f, yp = 0.0f, yr = 0.0f, yy = 0.0f, flaps = 0.0f, every_f = 1.0f;
-	float brakes = 0.0f, rotate_kias = NAN, toe_l = 0.0f, toe_r = 0.0f;
+	float brakes = 0.0f, rotate_kias = NAN, toe_l = 0.0f, toe_r = 0.0f, hold_heading = NAN, speedbrake = 0.0f;
 	float mixture = 1.0f, prop = 1.0f, collective = NAN, cyc_ptch = NAN, cyc_roll = NAN, trim_pitch = NAN, hold_vs = NAN, release = NAN, hold_bank = NAN;
-	int calm = 0, engines_off = 0, hold_still = 0;
+	int calm = 0, engines_off = 0, hold_still = 0, chute = 0;
 	for (int k = 1; k < argc; k++) {
 		const std::string o = argv[k];
 		if (o == "--calm") { calm = 1; continue; }
 		if (o == "--engines-off") { engines_off = 1; continue; }
 		if (o == "--hold-still") { hold_still = 1; continue; }
+		if (o == "--chute") { chute = 1; continue; }
 		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
 		const char* val = argv[++k];
 		float* target = nullptr;
@@ -87,6 +88,8 @@ int fly_run(int argc, char** argv)
 		else if (o == "--hold-vs") target = &hold_vs;
 		else if (o == "--release-after") target = &release;
 		else if (o == "--hold-bank") target = &hold_bank;
+		else if (o == "--hold-heading") target = &hold_heading;
+		else if (o == "--speedbrake") target = &speedbrake;
 		else if (o == "--cyclic-pitch") target = &cyc_ptch;
 		else if (o == "--cyclic-roll") target = &cyc_roll;
 		else if (o == "--every") target = &every_f;
@@ -106,8 +109,9 @@ int fly_run(int argc, char** argv)
 		std::fprintf(stderr, "nimbara-fly: run needs --aircraft, one of --kias and --ktas (or neither on the ground), and --csv\n");
 		return 2;
 	}
-	if (!(brakes >= 0.0f && brakes <= 1.0f) || !(toe_l >= 0.0f && toe_l <= 1.0f) || !(toe_r >= 0.0f && toe_r <= 1.0f)) {
-		std::fprintf(stderr, "nimbara-fly: --brakes and --toe-brakes run 0 to 1\n");
+	if (!(brakes >= 0.0f && brakes <= 1.0f) || !(toe_l >= 0.0f && toe_l <= 1.0f) || !(toe_r >= 0.0f && toe_r <= 1.0f) ||
+	    !(speedbrake >= 0.0f && speedbrake <= 1.0f)) {
+		std::fprintf(stderr, "nimbara-fly: --brakes, --toe-brakes and --speedbrake run 0 to 1\n");
 		return 2;
 	}
 	if (!(dt > 0.0f && dt <= 0.08f)) { std::fprintf(stderr, "nimbara-fly: --dt is above 0 and at most 0.08\n"); return 2; }
@@ -174,6 +178,8 @@ int fly_run(int argc, char** argv)
 		for (int en = en_gear_lo; en <= en_gear_hi; en++)
 			f.tire_omega[en] = veh[0].tire_radius[en] > 0.0f ? tas / veh[0].tire_radius[en] : 0.0f;
 	set_engines_for_start(!engines_off, 0);
+	f.sbrk_rqst = f.sbrk_rat = speedbrake;   // out from the start, not on its way
+	stg.chute_on = chute;
 	mnw.first_miss_cycle = 0;
 
 	std::vector<column> cols;
@@ -239,8 +245,10 @@ int fly_run(int argc, char** argv)
 		if (!std::isnan(hold_bank))   // a wing leveller: bank error against roll rate
 			mnw.YK_roll = fltlim(mnw.YK_roll + 0.03f * fltwrap(hold_bank - f.phi, -180.0f, 180.0f) - 0.02f * f.P, -1.0f, 1.0f);
 		mnw.YK_hdng = yy;
+		if (!std::isnan(hold_heading))   // the pedals: heading error against yaw rate
+			mnw.YK_hdng = fltlim(yy + 0.05f * fltwrap(hold_heading - f.psi, -180.0f, 180.0f) - 0.1f * f.R, -1.0f, 1.0f);
 		f.flap_rqst = fltlim(flaps, 0.0f, 1.0f);
-		f.sbrk_rqst = 0.0f;   // a glider's speedbrake stays closed unless asked
+		f.sbrk_rqst = speedbrake;   // a glider's speedbrake stays closed unless asked
 		f.parkbrake = brakes;
 		f.l_brake_add = toe_l;
 		f.r_brake_add = toe_r;
