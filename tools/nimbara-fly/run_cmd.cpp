@@ -47,7 +47,7 @@ void calm_air()
 
 }  // namespace
 
-int fly_run(int argc, char** argv)
+static int run_flight(int argc, char** argv)
 {
 	std::string aircraft, csv, fields = default_fields;
 	float lat = 34.1f, lon = -117.2f, alt_ft = NAN, kias = NAN, ktas = NAN, heading = 0.0f, pitch = 0.0f;
@@ -278,4 +278,15 @@ int fly_run(int argc, char** argv)
 	std::fclose(out);
 	MACIBM_finishup(1);
 	return 0;
+}
+
+int fly_run(int argc, char** argv)
+{
+	try {
+		return run_flight(argc, argv);
+	} catch (const XFatalAlert&) {   // the alert is in Error.out; the workers end before we leave
+		std::fprintf(stderr, "%s\n", last_alert_text.c_str());
+		MACIBM_finishup(0);
+		return 1;
+	}
 }
