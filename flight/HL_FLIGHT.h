@@ -96,6 +96,11 @@ void do_contact();
 int handle_contact_point(int p, int en, double x_glo_ctr, float vx_glo_ctr, float x_veh, float vx_veh, float fco_roll, double y_glo_ctr, float vy_glo_ctr,
                          float y_veh, float vy_veh, float fco_stat, float spr_con, float* tire_steer, double z_glo_ctr, float vz_glo_ctr, float z_veh,
                          float vz_veh, float fco_kine, float spr_dmp);
+// One keel point of body en (station s, point r) against the water, in aircraft axes:
+// buoyancy, damping, planing, drag and side force; 1 when it is under water.
+int handle_float_point(int en, int s, int r, float x_acf, float y_acf, float z_acf);
+void do_water();          // every body's keel points, the water rudder, the anchor
+void do_water_bomber();   // the scoop and the dump of a water bomber's load
 void do_wire_and_catapult();
 void do_tow_wake();
 void do_line_ends();

@@ -186,7 +186,11 @@ void do_contact()
 	f.onground_any = f.onground_all = 0;
 	for (int en = en_gear_lo; en <= en_gear_hi; en++)
 		if (ret_part_alive(0, en)) f.tire_vrt_def_veh[en] = f.tire_skid_rat[en] = 0.0f;
-	if (ret_over_water() && !env.over_carr && !env.over_frig && !env.over_obs && !net.getting_terrain) return;   // floats come with water contact
+	if (ret_over_water()) {   // the hull and floats instead of the wheels
+		do_water();
+		do_water_bomber();
+		return;
+	}
 
 	// The surface's rolling, braking and metal friction.
 	float mco = 0.4f, rco = v.roll_co, bco = v.brake_co;
@@ -265,4 +269,5 @@ void do_contact()
 		if (ret_part_alive(0, en) && !down[en] && v.gear_type[en] != 1) f.onground_all = 0;
 	if (mnw.cyc_out)
 		cyc << "After landing gear: side " << f.fside_gear_acf << " normal " << f.fnrml_gear_acf << " axial " << f.faxil_gear_acf << "\n";
+	do_water_bomber();
 }

@@ -20,7 +20,8 @@ void ret_wind_spds_acf(float x, float y, float z, float* vx, float* vy, float* v
 float find_local_y(float x, float z, float* vx, float* vy, float* vz, int* i, int* j, int fullcheck);
 void check_for_shift(double lat, double lon);
 void set_surface_under_aircraft();   // the runway or open ground under the user's aircraft, for ground contact
-int ret_over_water();   // 1 when the surface under the aircraft is water
+int ret_over_water();   // 1 when a corner of the aircraft's cell is water and no deck or roof stands over it
+float wave_h(float x, float z, float y);   // the water's height at x, z over a calm surface at y, with the waves
 void load_region(int full);
 void read_planet_nav();
 void cloud_update_vars();

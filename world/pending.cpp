@@ -6,4 +6,3 @@
 void cloud_update_vars() {}               // weather: later step
 float ret_parcel_rho(int, int, int) { return 0.0f; }   // cloud map: later step
 void update_live_weather() {}                         // live weather: later step
-int ret_over_water() { return 0; }                    // surfaces: later step; land everywhere until then
