@@ -40,9 +40,13 @@ int handle_float_point(int en, int s, int r, float x_acf, float y_acf, float z_a
 	const float hpath = fltwrap(std::atan2(vx, -vz) * con.radtodeg, 0.0f, 360.0f);
 	const float beta_water = fltwrap(f.psi - hpath, -180.0f, 180.0f) * con.degtorad;
 	const float v_glo = pythag(vx, vy, vz);
-	// The panel from this keel point back to the next station: its width, and its length
-	// turned by the aircraft's pitch, so that a flat bottom trimmed nose-up planes.
-	const int r0 = intmax2(r - 1, 0);
+	// The panel from this keel point back to the next station: its width to the next point
+	// toward the keel, so that the panels of a hull drawn alike on both sides lie alike and
+	// it floats level; its length turned by the aircraft's pitch, so that a flat bottom
+	// trimmed nose-up planes.
+	int stations = 0, points = 0;
+	ret_body_grid(0, en, 0, &stations, &points);
+	const int r0 = intlim(r < points / 2 ? r + 1 : r - 1, 0, points - 1);
 	const float dX = 0.5f * (std::fabs(v.body_X[en][s][r] - v.body_X[en][s][r0]) + std::fabs(v.body_X[en][s + 1][r] - v.body_X[en][s + 1][r0]));
 	const float dy = v.body_Y[en][s + 1][r] - v.body_Y[en][s][r], dz = v.body_Z[en][s + 1][r] - v.body_Z[en][s][r];
 	const float ct = f.cos_the, st = f.sin_the;
