@@ -1,6 +1,7 @@
 // A hull on the water: a flat-bottomed box floats where the water it displaces weighs
 // what it weighs; the wave train is a sine of its length running with the weather; the
-// anchor pulls at most 2 m/s^2; a hard drop, a waves higher than the hull stay finite.
+// anchor pulls at most 2 m/s^2; a hard drop and waves higher than the hull stay finite; a
+// water bomber scoops and dumps its load.
 #include "support/fleet.h"
 #include "core/failures.h"
 #include "world/scenery.h"
@@ -162,6 +163,38 @@ TEST_F(Water, AHardDropAndWavesHigherThanTheHullStayFiniteAndNoPanelOutweighsIt)
 	atm.wave_length_to_height = 7.0f;
 	passes(300);
 	EXPECT_TRUE(finite());
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(Water, AWaterBomberScoopsItsLoadInTwelveSecondsAndDumpsItInFour)
+{
+	veh_struct& v = veh[0];
+	flt_struct& f = flt[0];
+	v.jett_is_water = 1;
+	v.m_jettison = 600.0f;
+	f.m_jettison = 0.0f;
+	f.dob_y = H - 0.1f;
+	passes(1);
+	f.onground_any = 1;
+	stg.water_scoop = 1;
+	f.V_msc = 30.0f;
+	const float dt = mnw.prd_FM;
+	f.faxil_aero_acf = 0.0f;
+	do_water_bomber();
+	EXPECT_NEAR(f.m_jettison, 600.0f / 12.0f * dt, 1e-4f);
+	EXPECT_NEAR(f.faxil_aero_acf, 600.0f / 12.0f * 30.0f, 1e-3f);   // the scooped water's momentum
+	for (int k = 0; k < (int)(13.0f / dt); k++) do_water_bomber();
+	EXPECT_EQ(f.m_jettison, 600.0f);   // full, no more
+	stg.water_scoop = 0;
+	f.is_dumping_water = 1;
+	for (int k = 0; k < (int)(2.0f / dt); k++) do_water_bomber();
+	EXPECT_NEAR(f.m_jettison, 300.0f, 600.0f / 4.0f * dt * 1.5f);
+	for (int k = 0; k < (int)(2.5f / dt); k++) do_water_bomber();
+	EXPECT_EQ(f.m_jettison, 0.0f);
+	EXPECT_EQ(f.is_dumping_water, 0);   // the dump stops when empty
 }
 
 }  // namespace
