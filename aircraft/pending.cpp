@@ -1,7 +1,6 @@
 // Aircraft pieces that later steps build; until then each does nothing.
 #include "aircraft/HL_ACF.h"
 
-void get_random_plane(int) {}   // other aircraft: later step
 #include "aircraft/acf_io.h"
 int OLD_IO_acf(int, veh_struct&) { return 0; }   // old aircraft files: later step
 int build_cockpit_object(const char*) { return -1; }   // object files: later step

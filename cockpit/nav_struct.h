@@ -12,4 +12,15 @@ struct nav_struct {
 	float alph_use, beta_use, alp_dot, Glo_dot;
 	// The GPS page's choices: an index into each kind's container, and the kind in use (1, 2, 3, 11).
 	int gps_apt_index, gps_vor_index, gps_ndb_index, gps_fix_index, gps_use_index, gps_type;
+	// Autopilot modes and holds, as a new flight finds them.
+	int mode_hdng, mode_alt_, mode_vvi, mode_app, mode_gls, mode_bc;
+	int loc_is_back, hdg_roll_mode;
+	float hdg_hold_mag, alt_hold_ft_use, vvi_hold_fpm, asi_hold_kts_mac, syn_hold_deg;
+	// Radios and displays.
+	int HSIsel, DME_01, DME_mode, EFIS_1_sel, EFIS_2_sel, RMI_L_adf, RMI_R_adf, power[6];
+	float auto_test_timeout, auto_disc_timeout;
+	int avi_lft_hil, avi_rgt_hil, avi_src[3], avi_hsi_mode, avi_map_range_sel, arg_mode;
+	int map_mode, map_mode_is_HSI, map_range_sel;
+	int EFIS_wxr, EFIS_tcas, EFIS_apt, EFIS_fix, EFIS_vor, EFIS_ndb;
+	int marker_audio_working, gear_audio_working, audio_sel;
 };

@@ -2,6 +2,7 @@
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
 #include <cmath>
+#include <cstdlib>
 #include <climits>
 #include <cstdint>
 
@@ -161,3 +162,5 @@ int dec_needed(float x)
 	if (a >= 1.0f) return 2;
 	return 3;
 }
+
+float ran01() { return (float)std::rand() / (float)RAND_MAX; }

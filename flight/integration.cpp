@@ -56,7 +56,7 @@ void update_derived_flt(int p)
 
 static void sum_mass_and_inertia(flt_struct& f, const veh_struct& v)
 {
-	int slung = f.jett_len > 0.0f;
+	const int slung = v.jett_is_slung;   // a slung load hangs on its line, not in the airframe
 	f.m_total = (1.0f + f.frame_ice) * v.m_empty + f.m_fixed + (slung ? 0.0f : f.m_jettison) +
 	            f.jato_left * v.jato_thrust * v.jato_sfc / 3600.0f / con.g;
 	f.Jxx_total = v.Jxx_unitmass * f.m_total;

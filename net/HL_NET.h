@@ -9,3 +9,5 @@ void update_with_net(int p);   // moves an aircraft driven from the network   //
 void NET_send_periodic();
 void init_hardware_out();
 void close_hardware_out(int normal);
+int has_multiplayer();         // 1 while other pilots fly with us
+void set_dataoutput_params();  // the data output's rates and channels for a new flight

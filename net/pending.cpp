@@ -9,3 +9,5 @@ void update_with_net(int) {}
 void NET_send_periodic() {}
 void init_hardware_out() {}        // cockpit hardware: later step
 void close_hardware_out(int) {}
+int has_multiplayer() { return 0; }   // multiplayer: later step
+void set_dataoutput_params() {}      // data output: later step

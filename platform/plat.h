@@ -47,3 +47,6 @@ void plat_clock_advance(double dt);
 void plat_clock_auto();
 // The sub-folders of a folder, names only, sorted; empty when it does not open.
 std::vector<std::string> plat_list_folders(const char* path);
+// Every entry of a folder, names only, unsorted, each with whether it is a folder.
+struct plat_entry { std::string name; bool is_dir; };
+std::vector<plat_entry> plat_list_entries(const char* path);

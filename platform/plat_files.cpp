@@ -39,3 +39,12 @@ std::vector<std::string> plat_list_folders(const char* path)
 	std::sort(out.begin(), out.end());
 	return out;
 }
+
+std::vector<plat_entry> plat_list_entries(const char* path)
+{
+	std::vector<plat_entry> out;
+	std::error_code ec;
+	for (std::filesystem::directory_iterator it(path, ec), end; !ec && it != end; it.increment(ec))
+		out.push_back({it->path().filename().string(), it->is_directory(ec)});
+	return out;
+}

@@ -3,6 +3,7 @@
 #include "platform/plat.h"
 #include "platform/plat_headless.h"
 #include <csignal>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -65,7 +66,10 @@ int plat_make_context() { return 1; }
 void plat_close_window() {}
 int plat_has_gl() { return 0; }
 
-void plat_message_box(const char*, const char*) {}   // headless: the alert is in Error.out
+void plat_message_box(const char* title, const char* text)   // headless: Error.out has it, and standard error
+{
+	std::fprintf(stderr, "%s: %s\n", title, text);
+}
 
 void plat_showinit(const char* text) { showinit_lines.emplace_back(text); }
 

@@ -12,11 +12,14 @@ struct ren_struct {
 	float shad_x1, shad_z1, shad_dspm, shad_dtpm;
 	int shadow_final_tex;
 	int ground_is_vis;          // the terrain is drawn, so the block's files are read
+	int mouse_look;             // the view follows the mouse
+	float local_y_vp;           // the ground's height under the viewpoint
 	unsigned tex_vram[7000];    // OpenGL names by texture number; 1000 + n the custom terrain textures
 };
 
 struct scn_struct {
 	int num_objects;
+	int cont_inited;             // the contrails of this flight have begun
 	int fire_avail, fire_on;     // a fire burns in the block
 	float firexyz[10][3];
 	float vis_scale;   // size of the pilot's aircraft for effects

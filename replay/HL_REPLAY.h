@@ -6,3 +6,5 @@ void logbook_read();
 void MOV_close();
 void MOV_addframe();
 void periodic_output();   // the snapshot, data output and motion platform on their timer
+void zero_path();       // clears the recording for a new flight
+void logbook_entry();   // writes the flight just ended to the logbook

@@ -6,3 +6,5 @@ void logbook_read() {}         // logbook: later step
 void MOV_close() {}            // movies: later step
 void MOV_addframe() {}
 void periodic_output() {}   // recording and data output: later steps
+void zero_path() {}            // the recording: later step
+void logbook_entry() {}        // logbook: later step

@@ -1,5 +1,6 @@
 // Pilot interface services used by the core: sound, joysticks, windows, resolution.
 #pragma once
+#include <string>
 
 void SOUND_play(int snd);
 void SOUND_play_buffer(int n, float pitch, float volume);
@@ -17,3 +18,11 @@ void MACIBM_handlekey(int vk);
 void MACIBM_handleclick(int enter_close);
 void MACIBM_startwind(int new_top_win, const char* from_str);
 int MACIBM_getcontext();
+void APPLICATION_handlemenu(int menu, int item);
+void reset_atc_and_plan(const char* callsign_from);   // clears ATC and the plan; "KMMM" both ends, IFR; our call sign from the aircraft's name
+// The dialogs' file list: the working folder (ending in a separator) and its items.
+extern std::string wrk_path;
+extern std::string g_file[1000], g_path[1000];
+extern int g_file_type[1000];   // 1 a folder, else the file type of its extension
+int opensave_getitems(int file_type);   // lists wrk_path's items that file_type takes, by name; their count
+int opensave_takeit(int n_ret, int file_type);

@@ -14,3 +14,5 @@ void manage_top_win(int) {}         // settings windows: later step
 void MACIBM_handlekey(int) {}                 // key commands: later step
 void MACIBM_handleclick(int) {}               // menus and window clicks: later step
 void MACIBM_startwind(int, const char*) {}    // window switch: later step
+void APPLICATION_handlemenu(int, int) {}   // menus: later step
+void reset_atc_and_plan(const char*) {}    // ATC and the flight plan: later step

@@ -23,7 +23,6 @@ void offset(double lat, double lon, double east, double north, double* lat2, dou
 	*lon2 = lon + east / (m_per_deg_lat() * std::fmax(std::cos(lat * deg), 1e-6));
 }
 
-float random01() { return (float)std::rand() / (float)RAND_MAX; }
 
 bool strictly_in_block(double lat, double lon)
 {
@@ -93,7 +92,7 @@ void place_fire(int typeshift)
 		for (int j = 20; j <= regn_jmax[p] - 20; j += 10) {
 			if (poly_is_wet(i, j)) continue;
 			const float slope = std::hypot(planenrml[i][j][0], planenrml[i][j][2]);
-			if (slope > best && random01() < 0.1f) {
+			if (slope > best && ran01() < 0.1f) {
 				best = slope;
 				scn.fire_avail = 1;
 				scn.fire_on = 1;

@@ -20,8 +20,7 @@ float burst_strt_time, burst_stop_time, burst_speed, burst_vertv;
 float prev_locl_time = -1.0f;
 const float max_vis_ter_mtrs[2] = {46300.0f, 111120.0f};
 
-float rnd01() { return (float)std::rand() / (float)RAND_MAX; }
-float rnd(float lo, float hi) { return lo + (hi - lo) * rnd01(); }
+float rnd(float lo, float hi) { return lo + (hi - lo) * ran01(); }
 void lag(float& v, float target, float k) { v = target * k + (1.0f - k) * v; }
 
 void system_clock()
@@ -62,7 +61,7 @@ void microburst(float& bvx, float& bvy, float& bvz)
 		const float sec_to_shear = 600.0f - 540.0f * atm.burst_prob;
 		if (rnd(0.0f, sec_to_shear) < mnw.prd_FM) {
 			burst_type = 1 + std::rand() % 4;
-			burst_on_top = rnd01() < 0.5f;
+			burst_on_top = ran01() < 0.5f;
 			burst_strt_time = mnw.totl_time;
 			burst_stop_time = mnw.totl_time + 10.0f + rnd(0.0f, 10.0f);
 			burst_speed = (30.0f + rnd(0.0f, 60.0f)) * con.ktstomsc;
@@ -191,13 +190,13 @@ void assign_wind_tbl(float newpart)
 	for (int i = 0; i < 3; i++) {
 		lag(atm.set_wind_dir_mag[i], atm.set_wind_dir_mag[0] + rnd(-1.0f, 1.0f) * w * 90.0f, k);
 		atm.set_wind_dir_mag[i] = fltlim(atm.set_wind_dir_mag[i], 0.0f, 360.0f);
-		lag(atm.set_shear_dir[i], rnd01() * w * 150.0f, k);
+		lag(atm.set_shear_dir[i], ran01() * w * 150.0f, k);
 		atm.set_shear_dir[i] = fltlim(atm.set_shear_dir[i], 0.0f, 180.0f);
-		lag(atm.set_wind_spd_kts[i], rnd01() * w * 90.0f, k);
+		lag(atm.set_wind_spd_kts[i], ran01() * w * 90.0f, k);
 		atm.set_wind_spd_kts[i] = fltlim(atm.set_wind_spd_kts[i], 0.0f, 200.0f);
-		lag(atm.set_shear_spd_kts[i], rnd01() * w * 30.0f, k);
+		lag(atm.set_shear_spd_kts[i], ran01() * w * 30.0f, k);
 		atm.set_shear_spd_kts[i] = fltlim(atm.set_shear_spd_kts[i], 0.0f, 50.0f);
-		lag(atm.set_turb_inc[i], rnd01() * w * 15.0f, k);
+		lag(atm.set_turb_inc[i], ran01() * w * 15.0f, k);
 		atm.set_turb_inc[i] = fltlim(atm.set_turb_inc[i], 0.0f, 9.0f);
 	}
 }

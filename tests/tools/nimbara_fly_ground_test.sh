@@ -42,7 +42,7 @@ done < <(find "$tree/Aircraft" -name '*.acf' -print0)
 # ground roll is about 1000 ft at 2550 lb and 1000 ft elevation; it runs as the weight
 # squared, so about 700 ft at this one's 2120 lb. Lifting off a little faster than the
 # published technique, 550 to 900 ft agrees.
-"$fly" run --aircraft "$wren" $rwy --throttle 1 --calm --yoke-pitch 0.4 --rotate-kias 53 --seconds 25 --every 5 \
+"$fly" run --aircraft "$wren" $rwy --throttle 1 --brakes 0 --calm --yoke-pitch 0.4 --rotate-kias 53 --seconds 25 --every 5 \
 	--fields dob_lat,dob_lon,v_ind_kts,onground_any --csv "$tmp/t.csv" || fail "the take-off run failed"
 awk -F, 'NR == 2 { la = $2; lo = $3 } NR > 2 && !done && $5 != 1 {
 	d = sqrt((($2 - la) * 111195) ^ 2 + (($3 - lo) * 111195 * cos(la * 0.0174533)) ^ 2) / 0.3048; done = 1

@@ -12,6 +12,7 @@
 #include "flight/HL_FLIGHT.h"
 #include "platform/plat_headless.h"
 #include "world/HL_WORLD.h"
+#include "world/nav_data.h"
 #include "world/scenery.h"
 #include <cmath>
 #include <cstdio>
@@ -50,9 +51,11 @@ void calm_air()
 static int run_flight(int argc, char** argv)
 {
 	std::string aircraft, csv, fields = default_fields;
-	float lat = 34.1f, lon = -117.2f, alt_ft = NAN, kias = NAN, ktas = NAN, heading = 0.0f, pitch = 0.0f;
+	float lat = NAN, lon = NAN, alt_ft = NAN, kias = NAN, ktas = NAN, heading = 0.0f, pitch = 0.0f, approach = NAN, start_code = NAN;
+	std::string airport, runway, ramp;
+	bool ramp_given = false;
 	float seconds = 60.0f, dt = 0.02f, throttle = 0.0f, yp = 0.0f, yr = 0.0f, yy = 0.0f, flaps = 0.0f, every_f = 1.0f;
-	float brakes = 0.0f, rotate_kias = NAN, toe_l = 0.0f, toe_r = 0.0f, hold_heading = NAN, speedbrake = 0.0f;
+	float brakes = NAN, rotate_kias = NAN, toe_l = 0.0f, toe_r = 0.0f, hold_heading = NAN, speedbrake = 0.0f;
 	float mixture = 1.0f, prop = 1.0f, collective = NAN, cyc_ptch = NAN, cyc_roll = NAN, trim_pitch = NAN, hold_vs = NAN, release = NAN, hold_bank = NAN;
 	int calm = 0, engines_off = 0, hold_still = 0, chute = 0;
 	for (int k = 1; k < argc; k++) {
@@ -61,12 +64,21 @@ static int run_flight(int argc, char** argv)
 		if (o == "--engines-off") { engines_off = 1; continue; }
 		if (o == "--hold-still") { hold_still = 1; continue; }
 		if (o == "--chute") { chute = 1; continue; }
+		if (o == "--ramp") {   // a start point by number or name, or the first
+			ramp_given = true;
+			if (k + 1 < argc && std::strncmp(argv[k + 1], "--", 2) != 0) ramp = argv[++k];
+			continue;
+		}
 		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
 		const char* val = argv[++k];
 		float* target = nullptr;
 		if (o == "--aircraft") aircraft = val;
 		else if (o == "--csv") csv = val;
 		else if (o == "--fields") fields = val;
+		else if (o == "--airport") airport = val;
+		else if (o == "--runway") runway = val;
+		else if (o == "--approach") target = &approach;
+		else if (o == "--start") target = &start_code;
 		else if (o == "--lat") target = &lat;
 		else if (o == "--lon") target = &lon;
 		else if (o == "--alt-ft") target = &alt_ft;
@@ -103,19 +115,35 @@ static int run_flight(int argc, char** argv)
 		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
 		if (target && !number(val, target)) { std::fprintf(stderr, "nimbara-fly: bad number for %s: '%s'\n", o.c_str(), val); return 2; }
 	}
-	const bool on_ground = std::isnan(alt_ft);   // no height: at rest or rolling on the surface
-	if (on_ground && std::isnan(kias) && std::isnan(ktas)) kias = 0.0f;
-	if (aircraft.empty() || csv.empty() || std::isnan(kias) == std::isnan(ktas)) {
-		std::fprintf(stderr, "nimbara-fly: run needs --aircraft, one of --kias and --ktas (or neither on the ground), and --csv\n");
+	const bool custom = !std::isnan(lat) || !std::isnan(lon) || !std::isnan(alt_ft);   // start 1200
+	const bool on_ground = custom && std::isnan(alt_ft);   // no height: at rest or rolling on the surface
+	if (custom && std::isnan(lat) != std::isnan(lon)) { std::fprintf(stderr, "nimbara-fly: --lat and --lon go together\n"); return 2; }
+	if (custom && std::isnan(lat)) { lat = 34.1f; lon = -117.2f; }   // a height alone: over the hills east of Los Angeles
+	if (aircraft.empty() || csv.empty() || (!std::isnan(kias) && !std::isnan(ktas)) || (custom && !on_ground && std::isnan(kias) && std::isnan(ktas))) {
+		std::fprintf(stderr, "nimbara-fly: run needs --aircraft and --csv, and in the air at --lat, --lon one of --kias and --ktas\n");
 		return 2;
 	}
-	if (!(brakes >= 0.0f && brakes <= 1.0f) || !(toe_l >= 0.0f && toe_l <= 1.0f) || !(toe_r >= 0.0f && toe_r <= 1.0f) ||
+	const bool at_airport = !airport.empty() || !runway.empty() || ramp_given || !std::isnan(approach);
+	if ((custom && at_airport) || (ramp_given && (!runway.empty() || !std::isnan(approach))) ||
+	    (!std::isnan(start_code) && ((custom && start_code != 1200.0f) || (at_airport && start_code != 608.0f && (ramp_given || !std::isnan(approach) || !runway.empty()))))) {
+		std::fprintf(stderr, "nimbara-fly: the position options contradict each other: --lat/--lon, --airport/--runway/--ramp/--approach and --start are different starts\n");
+		return 2;
+	}
+	if (!std::isnan(approach) && approach != 3.0f && approach != 10.0f) { std::fprintf(stderr, "nimbara-fly: --approach is 3 or 10\n"); return 2; }
+	if (std::isnan(kias) && std::isnan(ktas)) kias = 0.0f;
+	if (!std::isnan(start_code)) {
+		const int c = (int)start_code;
+		const bool known = c == start_code && (c == 608 || c == 1200 || (c >= 4200 && c <= 4207) || (c >= 4500 && c <= 4503) || (c >= 4800 && c <= 4805) || (c >= 4807 && c <= 4810));
+		if (!known) { std::fprintf(stderr, "nimbara-fly: no start %g; the starts are 608, 1200, 4200-4207, 4500-4503, 4800-4805, 4807-4810\n", start_code); return 2; }
+	}
+	if (!std::isnan(brakes) && !(brakes >= 0.0f && brakes <= 1.0f)) { std::fprintf(stderr, "nimbara-fly: --brakes, --toe-brakes and --speedbrake run 0 to 1\n"); return 2; }
+	if (!(toe_l >= 0.0f && toe_l <= 1.0f) || !(toe_l >= 0.0f && toe_l <= 1.0f) || !(toe_r >= 0.0f && toe_r <= 1.0f) ||
 	    !(speedbrake >= 0.0f && speedbrake <= 1.0f)) {
 		std::fprintf(stderr, "nimbara-fly: --brakes, --toe-brakes and --speedbrake run 0 to 1\n");
 		return 2;
 	}
 	if (!(dt > 0.0f && dt <= 0.08f)) { std::fprintf(stderr, "nimbara-fly: --dt is above 0 and at most 0.08\n"); return 2; }
-	if (!(seconds >= 0.0f && seconds <= 1e6f) || lat < -90 || lat > 90 || lon < -180 || lon > 180 || every_f < 1.0f) {
+	if (!(seconds >= 0.0f && seconds <= 1e6f) || lat < -90 || lat > 90 || lon < -180 || lon > 180 || every_f < 1.0f) {   // NaN passes: not given
 		std::fprintf(stderr, "nimbara-fly: a value is out of range\n");
 		return 2;
 	}
@@ -127,57 +155,100 @@ static int run_flight(int argc, char** argv)
 	HEADLESS_setup(dt, 0, tree.c_str());
 	prd_FM_fixed = dt;
 	init_sim();
-	init_flt_0(608, 601);
 	str_to_buf(veh[0].path, file);
-	if (!load_plane(0)) { std::fprintf(stderr, "nimbara-fly: could not load %s\n", file.c_str()); return 1; }
+	if (!load_plane(0)) { std::fprintf(stderr, "nimbara-fly: could not load %s\n", file.c_str()); MACIBM_finishup(0); return 1; }
 	if (calm) calm_air();
 	for (int& a : mnw.assigned) a = 0;   // the runner holds the controls
-
 	flt_struct& f = flt[0];
-	env.planet = 0;
-	env.lat_sou = (int)std::lround(lat - lat_secs_os[0]);
-	env.lon_wes = (int)std::lround(lon - lon_secs_os[0]);
 	ren.ground_is_vis = 1;   // the ground is there to fly over
-	load_region(1);
-	if (on_ground) {
-		if (!quadrant_file_exists((int)std::floor(lat), (int)std::floor(lon))) {
-			std::fprintf(stderr, "nimbara-fly: no scenery at %.4f %.4f to start on; give --alt-ft to start in the air\n", lat, lon);
-			MACIBM_finishup(0);
-			return 1;
-		}
-		// On its gear: the wheels' height above the surface, its resting pitch, gear down.
-		double gx, gz;
-		xz_on_ground(lat, lon, &gx, &gz);
-		int i = 0, j = 0;
-		float svx, svy, svz;
-		double glat, glon, ground_ele;   // on a runway, its airport's height: the ground under it is flat there
-		f.dob_lat = lat; f.dob_lon = lon;   // the surface the first pass will find: a runway's deck or the ground
-		set_surface_under_aircraft();
-		xdob_latlonel_with_xyz(glat, glon, ground_ele, gx, find_local_y((float)gx, (float)gz, &svx, &svy, &svz, &i, &j, 1), gz);
-		alt_ft = (float)((ground_ele + veh[0].h_eqlbm) / con.fttomtrs);
-		pitch = veh[0].the_eqlbm;
-		f.gear_handle = 1;
-		for (int en = en_gear_lo; en <= en_gear_hi; en++) veh[0].gear_deploy[en] = 1.0f;
+	auto refuse = [&](const std::string& why) {
+		std::fprintf(stderr, "nimbara-fly: %s\n", why.c_str());
+		MACIBM_finishup(0);
+		return 1;
+	};
+
+	// Which start, and the scenery round its place.
+	int t1 = stg.start_ramp ? 600 : 608, t2 = 601;
+	if (t1 == 600) { t1 = 608; t2 = 600; }
+	if (!airport.empty()) {
+		int k = 0;
+		if (!get_index_from_id(airport, nav_type_apt, &k, (float)f.dob_lat, (float)f.dob_lon)) return refuse("no airport " + airport);
+		msc.loc_apt_wrl = k;
+		msc.lcl_rwy_ram = 0;
+		msc.backwards = 0;
 	}
-	xdob_xyz_with_latlonel(f.dob_x, f.dob_y, f.dob_z, lat, lon, alt_ft * con.fttomtrs);
-	xdob_latlonel_with_xyz(f.dob_lat, f.dob_lon, f.dob_ele, f.dob_x, f.dob_y, f.dob_z);
-	// Heading and pitch are given against the horizon where the aircraft is, which the
-	// flat local frame meets at a small angle away from its reference point.
-	float q_h[4], q_s[4];
-	init_quaternion(fltwrap(heading, 0.0f, 360.0f), fltlim(pitch, -89.0f, 89.0f), 0.0f, q_h);
-	ret_q_shift(f, q_s);
-	q_s[1] = -q_s[1]; q_s[2] = -q_s[2]; q_s[3] = -q_s[3];
-	mul_quat(q_s, q_h, f.q);
-	quat_to_euler(f.q, &f.psi, &f.the, &f.phi);
-	WORLD_math_all_cases();
+	const vec_apt_struct* apt = vec_apt.empty() ? nullptr : &vec_apt[intlim(msc.loc_apt_wrl, 0, (int)vec_apt.size() - 1)];
+	if (!runway.empty()) {
+		std::string ends;
+		int found = -1;
+		for (size_t r = 0; apt && r < apt->rwy.size() && found < 0; r++) {
+			std::string near_end, far_end;
+			ret_rwy_end_names(apt->rwy[r], &near_end, &far_end);
+			if (apt->rwy[r].num_str[0] == 'x') continue;
+			ends += (ends.empty() ? "" : ", ") + near_end + ", " + far_end;
+			if (runway == near_end || runway == far_end) { found = (int)r; msc.backwards = runway != near_end; }
+		}
+		if (found < 0) return refuse("no runway end " + runway + " at " + (apt ? apt->apt_id : "?") + "; its ends are " + ends);
+		msc.lcl_rwy_ram = found;
+	}
+	if (ramp_given) {
+		if (!apt || apt->sta.empty()) return refuse(std::string("no start points at ") + (apt ? apt->apt_id : "?"));
+		int found = -1;
+		float n;
+		if (ramp.empty()) found = 0;
+		else if (number(ramp.c_str(), &n) && n >= 1 && n <= (float)apt->sta.size() && n == std::floor(n)) found = (int)n - 1;
+		else
+			for (size_t r = 0; r < apt->sta.size() && found < 0; r++)
+				if (apt->sta[r].sta_name == ramp) found = (int)r;
+		if (found < 0) return refuse("no start point " + ramp + " at " + apt->apt_id);
+		msc.lcl_rwy_ram = found;
+		t2 = 600;
+	}
+	if (!std::isnan(approach)) t2 = approach == 3.0f ? 602 : 603;
+	if (!std::isnan(start_code)) t1 = (int)start_code;
+	if (custom) {
+		t1 = 1200;
+		stg.cus_lat = lat;
+		stg.cus_lon = lon;
+		stg.cus_alt = on_ground ? -1000.0f : alt_ft * con.fttomtrs;   // under the ground: the start lifts it onto its gear
+		stg.cus_psi = heading;
+		stg.cus_v = 0.0f;
+	}
+	double plat = lat, plon = lon;   // the scenery round the place
+	if (!custom && apt && !apt->rwy.empty()) { plat = apt->rwy[intlim(msc.lcl_rwy_ram, 0, (int)apt->rwy.size() - 1)].lat; plon = apt->rwy[0].lon; }
+	if (!std::isnan(plat)) {
+		env.lat_sou = (int)std::lround(plat - lat_secs_os[0]);
+		env.lon_wes = (int)std::lround(plon - lon_secs_os[0]);
+		load_region(1);
+		if (on_ground && !quadrant_file_exists((int)std::floor(lat), (int)std::floor(lon)))
+			return refuse("no scenery at " + std::to_string(lat) + " " + std::to_string(lon) + " to start on; give --alt-ft to start in the air");
+	}
+	stg.start_running = !engines_off;
+	init_flt_0(t1, t2);
+
+	if (custom) {
+		// Heading and pitch are given against the horizon where the aircraft is, which the
+		// flat local frame meets at a small angle away from its reference point.
+		if (on_ground) pitch = veh[0].the_eqlbm;
+		float q_h[4], q_s[4];
+		init_quaternion(fltwrap(heading, 0.0f, 360.0f), fltlim(pitch, -89.0f, 89.0f), 0.0f, q_h);
+		ret_q_shift(f, q_s);
+		q_s[1] = -q_s[1]; q_s[2] = -q_s[2]; q_s[3] = -q_s[3];
+		mul_quat(q_s, q_h, f.q);
+		quat_to_euler(f.q, &f.psi, &f.the, &f.phi);
+		WORLD_math_all_cases();
+		if (calm) calm_air();
+		const float tas = !std::isnan(ktas) ? ktas * con.ktstomsc : kias * con.ktstomsc / std::sqrt(fltmax2(con.lcl_sig, 1e-6f));
+		rot_quat(f.q, 0.0f, 0.0f, -tas, &f.vx, &f.vy, &f.vz);   // along the nose, the aircraft's -z
+		f.V_msc = tas;
+		update_derived_flt(0);
+		if (on_ground)   // rolling: the wheels turn at the ground speed
+			for (int en = en_gear_lo; en <= en_gear_hi; en++)
+				f.tire_omega[en] = veh[0].tire_radius[en] > 0.0f ? tas / veh[0].tire_radius[en] : 0.0f;
+		set_engines_for_start(stg.start_running || !on_ground, on_ground);   // in the air they run
+	}
+	if (!std::isnan(brakes)) f.parkbrake = brakes;
 	if (calm) calm_air();
-	const float tas = !std::isnan(ktas) ? ktas * con.ktstomsc : kias * con.ktstomsc / std::sqrt(fltmax2(con.lcl_sig, 1e-6f));
-	rot_quat(f.q, 0.0f, 0.0f, -tas, &f.vx, &f.vy, &f.vz);   // flying along the nose, the aircraft's -z
-	update_derived_flt(0);
-	if (on_ground)   // rolling: the wheels turn at the ground speed
-		for (int en = en_gear_lo; en <= en_gear_hi; en++)
-			f.tire_omega[en] = veh[0].tire_radius[en] > 0.0f ? tas / veh[0].tire_radius[en] : 0.0f;
-	set_engines_for_start(!engines_off, 0);
 	f.sbrk_rqst = f.sbrk_rat = speedbrake;   // out from the start, not on its way
 	stg.chute_on = chute;
 	mnw.first_miss_cycle = 0;
@@ -249,7 +320,7 @@ static int run_flight(int argc, char** argv)
 			mnw.YK_hdng = fltlim(yy + 0.05f * fltwrap(hold_heading - f.psi, -180.0f, 180.0f) - 0.1f * f.R, -1.0f, 1.0f);
 		f.flap_rqst = fltlim(flaps, 0.0f, 1.0f);
 		f.sbrk_rqst = speedbrake;   // a glider's speedbrake stays closed unless asked
-		f.parkbrake = brakes;
+		if (!std::isnan(brakes)) f.parkbrake = brakes;   // else as the start set it
 		f.l_brake_add = toe_l;
 		f.r_brake_add = toe_r;
 		const veh_struct& v = veh[0];
