@@ -1,4 +1,6 @@
 #include "core/HL_TYPES.h"
+#include "core/flt_fields.h"
+#include "core/rec_fields.h"
 #include "core/failures.h"
 #include <cstring>
 #include <gtest/gtest.h>
@@ -101,4 +103,39 @@ TEST(Records, StartZeroFilledAndSizedByTheLimits)
 	EXPECT_EQ(sizeof flt[0].fail_stat, (size_t)fail_max);
 	EXPECT_EQ(sizeof flt[0].force_XYZ / sizeof(float), (size_t)part_max * el_max * 3);
 	EXPECT_EQ(sizeof mnw.axis / sizeof(float), (size_t)axis_max);
+}
+
+// Each record's field table accounts for the whole record: in order, touching but for
+// alignment, so a field added to a record but not to its table shows as a gap.
+TEST(Records, FieldTablesCoverTheirRecordsAndResolveByName)
+{
+	auto align_of = [](int type) -> size_t { return type == ff_double ? 8 : type == ff_char ? 1 : 4; };
+	auto covers = [&](const char* rec, const auto* fields, int count, size_t record_size) {
+		size_t end = 0;
+		for (int k = 0; k < count; k++) {
+			EXPECT_GE(fields[k].offset, end) << rec << "." << fields[k].name << " overlaps";
+			EXPECT_LT(fields[k].offset - end, align_of(fields[k].type)) << "a field missing before " << rec << "." << fields[k].name;
+			end = fields[k].offset + fields[k].size;
+		}
+		EXPECT_LT(record_size - end, 8u) << "fields missing at the end of " << rec;
+	};
+	for (int t = 0; t < rec_table_count; t++) covers(rec_tables[t].record, rec_tables[t].fields, rec_tables[t].count, rec_tables[t].record_size);
+	covers("flt", flt_fields, flt_field_count, sizeof(flt_struct));
+	zero_all_records();
+	stg.tow_waiting = 1;
+	mnw.axis[2] = 0.25f;
+	env.surf_tex = 162;
+	flt[1].dob_y = 77.0;
+	veh[0].gear_znodef[67] = -2.5f;
+	int type = -1;
+	EXPECT_EQ(*(const int*)ret_rec_address("stg.tow_waiting", &type), 1);
+	EXPECT_EQ(type, ff_int);
+	EXPECT_EQ(*(const float*)ret_rec_address("mnw.axis[2]", &type), 0.25f);
+	EXPECT_EQ(*(const int*)ret_rec_address("env.surf_tex", &type), 162);
+	EXPECT_EQ(*(const double*)ret_rec_address("flt[1].dob_y", &type), 77.0);
+	EXPECT_EQ(type, ff_double);
+	EXPECT_EQ(*(const float*)ret_rec_address("veh.gear_znodef[67]", &type), -2.5f);
+	EXPECT_EQ(ret_rec_address("flt[1].dob_y", &type), ret_rec_address("flt[1].dob_y", &type));
+	for (const char* bad : {"stg.nothing", "mnw.axis", "mnw.axis[99]", "flt[10].dob_y", "flt[-1].dob_y", "zzz.a", "veh.gear_znodef[1][2]", "mnw.axis[2", "env.surf_tex[0]"})
+		EXPECT_EQ(ret_rec_address(bad, &type), nullptr) << bad;
 }

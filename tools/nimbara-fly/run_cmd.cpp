@@ -9,6 +9,7 @@
 #include "core/HL_TYPES.h"
 #include "core/files.h"
 #include "core/flt_fields.h"
+#include "core/rec_fields.h"
 #include "flight/HL_FLIGHT.h"
 #include "platform/plat_headless.h"
 #include "world/HL_WORLD.h"
@@ -54,7 +55,7 @@ static int run_flight(int argc, char** argv)
 	float lat = NAN, lon = NAN, alt_ft = NAN, kias = NAN, ktas = NAN, heading = 0.0f, pitch = 0.0f, approach = NAN, start_code = NAN;
 	std::string airport, runway, ramp;
 	bool ramp_given = false;
-	float seconds = 60.0f, dt = 0.02f, throttle = 0.0f, yp = 0.0f, yr = 0.0f, yy = 0.0f, flaps = 0.0f, every_f = 1.0f;
+	float seconds = 60.0f, dt = 0.02f, throttle = 0.0f, yp = 0.0f, yr = 0.0f, yy = 0.0f, flaps = NAN, every_f = 1.0f;
 	float brakes = NAN, rotate_kias = NAN, toe_l = 0.0f, toe_r = 0.0f, hold_heading = NAN, speedbrake = 0.0f;
 	float mixture = 1.0f, prop = 1.0f, collective = NAN, cyc_ptch = NAN, cyc_roll = NAN, trim_pitch = NAN, hold_vs = NAN, release = NAN, hold_bank = NAN;
 	int calm = 0, engines_off = 0, hold_still = 0, chute = 0;
@@ -258,9 +259,9 @@ static int run_flight(int argc, char** argv)
 	std::string item;
 	while (std::getline(ss, item, ',')) {
 		int type = 0;
-		const void* addr = ret_flt_address(0, item.c_str(), &type);
+		const void* addr = ret_rec_address(item, &type);
 		if (!addr) {   // the loader's worker threads end before we leave
-			std::fprintf(stderr, "nimbara-fly: no field '%s' in the flight record\n", item.c_str());
+			std::fprintf(stderr, "nimbara-fly: no field '%s' in the records\n", item.c_str());
 			MACIBM_finishup(1);
 			return 2;
 		}
@@ -318,7 +319,7 @@ static int run_flight(int argc, char** argv)
 		mnw.YK_hdng = yy;
 		if (!std::isnan(hold_heading))   // the pedals: heading error against yaw rate
 			mnw.YK_hdng = fltlim(yy + 0.05f * fltwrap(hold_heading - f.psi, -180.0f, 180.0f) - 0.1f * f.R, -1.0f, 1.0f);
-		f.flap_rqst = fltlim(flaps, 0.0f, 1.0f);
+		if (!std::isnan(flaps)) f.flap_rqst = fltlim(flaps, 0.0f, 1.0f);   // else as the start set them
 		f.sbrk_rqst = speedbrake;   // a glider's speedbrake stays closed unless asked
 		if (!std::isnan(brakes)) f.parkbrake = brakes;   // else as the start set it
 		f.l_brake_add = toe_l;
