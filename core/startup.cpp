@@ -76,7 +76,7 @@ void init_sim()
 	MACIBM_showinit("Will read nav data.");
 	read_planet_nav();
 	MACIBM_showinit("Will init flight 0.");
-	init_flt_0(stg.start_ramp ? 600 : 608, 601);
+	init_flt_0(608, stg.start_ramp ? 600 : 601);   // the selected airport's runway, or its ramp
 	for (int p = 1; p < NBPGetNumberPlanesToHandle(stg.numacf, 1) && p < acf_max; p++) {
 		get_random_plane(p);
 		init_flt_p_other_ai(p);

@@ -169,8 +169,7 @@ static int run_flight(int argc, char** argv)
 	};
 
 	// Which start, and the scenery round its place.
-	int t1 = stg.start_ramp ? 600 : 608, t2 = 601;
-	if (t1 == 600) { t1 = 608; t2 = 600; }
+	int t1 = 608, t2 = stg.start_ramp ? 600 : 601;
 	if (!airport.empty()) {
 		int k = 0;
 		if (!get_index_from_id(airport, nav_type_apt, &k, (float)f.dob_lat, (float)f.dob_lon)) return refuse("no airport " + airport);
