@@ -12,6 +12,9 @@ constexpr int wpn_max = 24;        // weapon stations
 constexpr int fail_max = 170;
 constexpr int gear_max = 6;
 constexpr int axis_max = 27;       // joystick axis functions
+constexpr int joy_axis_max = 24;   // raw axes pooled from all devices
+constexpr int joy_button_max = 120;   // raw buttons pooled from all devices
+constexpr int joy_function_max = 119;   // button functions, 0 none
 constexpr int boat_max = 6;
 
 // Part numbering by index.

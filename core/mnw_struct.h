@@ -23,6 +23,13 @@ struct mnw_struct {
 	int assigned[axis_max];
 	float damp_rat[3];
 	int eq_ped_wibrk, eq_ped_nobrk;   // pedals with toe brakes; pedals without brakes
+	// Joysticks: the raw axes and buttons pooled from every device, their ranges as seen,
+	// and what each is assigned to.
+	float joy_raw_dat[joy_axis_max], lo_raw_dat[joy_axis_max], hi_raw_dat[joy_axis_max];
+	int joy_AXIS_use[joy_axis_max], joy_rev_axis[joy_axis_max];
+	int n_button_pressed[joy_button_max], o_button_pressed[joy_button_max], joy_BUTN_use[joy_button_max];
+	float joy_null_rat[3], joy_power_rat[3];
+	int has_joy, mouse_is_joy, eq_pfc_yoke, eq_FLcollec;
 
 	// Modes.
 	int paused, replay_mode, framerateOK, cyc_out, track_cpu, track_net;

@@ -11,6 +11,7 @@
 #include "render/HL_GRAPH.h"
 #include "replay/HL_REPLAY.h"
 #include "ui/HL_UI.h"
+#include "ui/joystick.h"
 #include "world/HL_WORLD.h"
 #include "core/files.h"
 #include <stdexcept>
@@ -174,6 +175,7 @@ void MACIBM_init()
 void init_gen()
 {
 	// Defaults that the preferences may overwrite.
+	JOY_defaults();
 	std::snprintf(stg.def_apt_idst, sizeof stg.def_apt_idst, "%s", "KSBD");
 	std::snprintf(stg.def_pln_path, sizeof stg.def_pln_path, "%s", "Aircraft:General Aviation:Wren 180:Wren 180.acf");
 	std::snprintf(stg.def_pln_file, sizeof stg.def_pln_file, "%s", "Wren 180.acf");

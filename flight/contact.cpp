@@ -24,8 +24,6 @@ float o_slide_x_vel_tir[gears], o_slide_z_vel_tir[gears];
 float blown_angle[gears];
 float braking_red;
 
-bool pedals_steer() { return mnw.eq_ped_nobrk || mnw.eq_ped_wibrk || net.getting_astab || net.getting_flightcons || msc.ai_flys; }
-
 void steer_gears(const veh_struct& v, flt_struct& f)
 {
 	for (int en = en_gear_lo; en <= en_gear_hi; en++) {
@@ -40,6 +38,11 @@ void steer_gears(const veh_struct& v, flt_struct& f)
 }
 
 }  // namespace
+
+int pedals_steer()
+{
+	return mnw.eq_ped_nobrk || mnw.eq_ped_wibrk || net.getting_rawjoy || net.getting_astab || net.getting_flightcons || msc.ai_flys;
+}
 
 int handle_contact_point(int p, int en, double x_glo_ctr, float vx_glo_ctr, float x_veh, float vx_veh, float fco_roll, double y_glo_ctr, float vy_glo_ctr,
                          float y_veh, float vy_veh, float fco_stat, float spr_con, float* tire_steer, double z_glo_ctr, float vz_glo_ctr, float z_veh,

@@ -17,8 +17,6 @@ namespace {
 float anchor_x, anchor_z;
 float time_last_play = -1e9f;
 
-bool pedals_steer() { return mnw.eq_ped_nobrk || mnw.eq_ped_wibrk || net.getting_astab || net.getting_flightcons || msc.ai_flys; }
-
 }  // namespace
 
 int handle_float_point(int en, int s, int r, float x_acf, float y_acf, float z_acf)

@@ -9,5 +9,6 @@ struct inet_struct {
 	int getting_ptch, getting_roll, getting_hdng;
 	int getting_ff;                                   // a peer feeds the fuel flows
 	int getting_terrain;                              // a peer supplies the ground under the aircraft
-	int getting_astab, getting_flightcons, getting_prop, getting_thro;   // a peer sets stability, controls, propellers     // a peer or raw joystick data feeds that axis
+	int getting_astab, getting_flightcons, getting_prop, getting_thro;   // a peer sets stability, controls, propellers, throttles
+	int getting_rawjoy;                               // a peer sends raw joystick data
 };

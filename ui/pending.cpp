@@ -9,7 +9,6 @@ void SOUND_maintain() {}
 void JOY_get() {}   // joystick input: later step
 void load_plane_sounds() {}
 void JOY_close() {}                 // joysticks: later step
-int JOY_function_assigned(int) { return 0; }
 void manage_top_win(int) {}         // settings windows: later step
 void MACIBM_handlekey(int) {}                 // key commands: later step
 void MACIBM_handleclick(int) {}               // menus and window clicks: later step

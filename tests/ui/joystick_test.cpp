@@ -1,0 +1,126 @@
+// Joystick axes and buttons to controls: the response curve's ends and null zone, the
+// range learnt as it is seen, a resting stick that takes nothing, a reversed throttle,
+// and buttons on their edges.
+#include "ui/joystick.h"
+#include "ui/HL_UI.h"
+#include "core/HL_MATH_FUN.h"
+#include "core/HL_TYPES.h"
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Joystick : ::testing::Test {
+	float old_raw[joy_axis_max] = {};
+	void SetUp() override
+	{
+		zero_all_records();
+		JOY_defaults();
+		mnw.prd_FM = mnw.prd_UI = 0.02f;
+	}
+	// One frame of the raw axes: the last frame's values kept, the new ones set.
+	void frame(int k, float raw)
+	{
+		for (int a = 0; a < joy_axis_max; a++) old_raw[a] = mnw.joy_raw_dat[a];
+		for (int& a : mnw.assigned) a = 0;
+		mnw.joy_raw_dat[k] = raw;
+		JOY_axes_to_functions(old_raw);
+	}
+};
+
+TEST_F(Joystick, TheCurvesPowerRunsFromOneAndAHalfToFourAndAHalfAfterTheNullZone)
+{
+	mnw.joy_power_rat[1] = 1.0f;
+	EXPECT_NEAR(JOY_curve(0.5f, 1), std::pow(0.5f, 1.5f), 1e-6f);
+	EXPECT_NEAR(JOY_curve(-0.5f, 1), -std::pow(0.5f, 1.5f), 1e-6f);
+	mnw.joy_power_rat[1] = 0.0f;
+	EXPECT_NEAR(JOY_curve(0.5f, 1), std::pow(0.5f, 4.5f), 1e-6f);
+	EXPECT_EQ(JOY_curve(1.0f, 1), 1.0f);
+	EXPECT_EQ(JOY_curve(-1.0f, 1), -1.0f);
+	// The null zone counts once a stick has moved, and only outside the calibration page.
+	mnw.joy_power_rat[1] = 1.0f;
+	mnw.joy_null_rat[1] = 0.1f;
+	EXPECT_NEAR(JOY_curve(0.05f, 1), std::pow(0.05f, 1.5f), 1e-6f);
+	mnw.has_joy = 1;
+	EXPECT_EQ(JOY_curve(0.05f, 1), 0.0f);
+	EXPECT_EQ(JOY_curve(-0.08f, 1), 0.0f);
+	EXPECT_NEAR(JOY_curve(0.6f, 1), std::pow(0.5f, 1.5f), 1e-6f);
+	mnw.top_win = 14;
+	stg.joyW_tab = 1;
+	EXPECT_NEAR(JOY_curve(0.05f, 1), std::pow(0.05f, 1.5f), 1e-6f);
+}
+
+TEST_F(Joystick, ARestingStickTakesNothingAndASweptOneRollsBothWaysAlike)
+{
+	frame(0, 0.0f);   // attached at rest: nothing moves, nothing is taken
+	frame(0, 0.0f);
+	EXPECT_EQ(mnw.assigned[2], 0);
+	EXPECT_EQ(mnw.has_joy, 0);
+	JOY_reset_ranges();
+	frame(0, 3.0f);   // the first value seen is the whole range yet: the centre
+	EXPECT_EQ(mnw.assigned[2], 1);
+	EXPECT_EQ(mnw.axis[2], 0.0f);
+	frame(0, -100.0f);   // swept through its range
+	frame(0, 100.0f);
+	EXPECT_EQ(mnw.axis[2], 1.0f);
+	frame(0, 0.0f);
+	EXPECT_NEAR(mnw.axis[2], 0.0f, 1e-6f);
+	frame(0, 50.0f);
+	const float half_right = mnw.axis[2];
+	EXPECT_GT(half_right, 0.0f);
+	EXPECT_LT(half_right, 0.5f);
+	frame(0, -50.0f);
+	EXPECT_NEAR(mnw.axis[2], -half_right, 1e-6f);
+	frame(0, -100.0f);
+	EXPECT_EQ(mnw.axis[2], -1.0f);
+	frame(0, -100.0f);   // held still: no longer taken
+	EXPECT_EQ(mnw.assigned[2], 0);
+}
+
+TEST_F(Joystick, TheDefaultThrottleIsReversedAndANewFunctionForgetsTheRange)
+{
+	frame(3, -100.0f);
+	frame(3, 100.0f);
+	frame(3, -100.0f);   // the lever at its low end
+	EXPECT_EQ(mnw.axis[4], 1.0f);
+	frame(3, 100.0f);
+	EXPECT_EQ(mnw.axis[4], 0.0f);
+	JOY_set_axis_use(3, 9, 0);   // now the mixture: its range starts afresh
+	frame(3, 20.0f);
+	EXPECT_EQ(mnw.axis[9], 0.5f);
+	JOY_set_axis_use(5, 3, 0);
+	EXPECT_EQ(mnw.eq_ped_nobrk, 1);
+	JOY_set_axis_use(6, 6, 0);   // toe brakes: pedals with brakes
+	EXPECT_EQ(mnw.eq_ped_wibrk, 1);
+	EXPECT_EQ(mnw.eq_ped_nobrk, 0);
+}
+
+TEST_F(Joystick, ButtonsActOnTheirEdgesWhileHeldAndWhileNot)
+{
+	mnw.joy_BUTN_use[5] = 70;   // parking brake
+	mnw.joy_BUTN_use[6] = 13;   // throttle up while held
+	mnw.n_button_pressed[5] = 1;
+	JOY_buttons();
+	EXPECT_EQ(flt[0].parkbrake, 1.0f);
+	for (int k = 0; k < 10; k++) {   // held: stays on
+		for (int b = 0; b < joy_button_max; b++) mnw.o_button_pressed[b] = mnw.n_button_pressed[b];
+		flt[0].parkbrake = 0.7f;   // something else moved it; the press does not repeat
+		JOY_buttons();
+		EXPECT_EQ(flt[0].parkbrake, 0.7f);
+	}
+	for (int b = 0; b < joy_button_max; b++) mnw.o_button_pressed[b] = mnw.n_button_pressed[b];
+	mnw.n_button_pressed[5] = 0;
+	JOY_buttons();
+	EXPECT_EQ(flt[0].parkbrake, 0.0f);   // off on the release
+	veh[0].throt_max_FWD = 1.0f;
+	veh[0].num_engines = 1;
+	mnw.n_button_pressed[6] = 1;
+	for (int k = 0; k < 50; k++) JOY_buttons();   // a second held at 0.25 a second
+	EXPECT_NEAR(flt[0].CONT_thro_ref[0], 0.25f, 0.01f);
+	mnw.joy_BUTN_use[7] = 113;   // not held: the rotor brake holds the brake on
+	flt[0].parkbrake = 0.0f;
+	JOY_buttons();
+	EXPECT_EQ(flt[0].parkbrake, 1.0f);
+}
+
+}  // namespace

@@ -1,0 +1,197 @@
+// Joysticks turned into controls: raw axes widen their ranges as they are seen and drive
+// their functions only when they move, through a response curve with a null zone; raw
+// buttons fire their functions on the press, while held, on the release and while not
+// held.
+#include "ui/HL_UI.h"
+#include "ui/joystick.h"
+#include "core/HL_MATH_FUN.h"
+#include "core/HL_TYPES.h"
+#include "flight/HL_FLIGHT.h"
+#include <cmath>
+
+namespace {
+
+bool fire_now, fire_was;
+
+// What another source than the mouse may fly with.
+bool other_source() { return mnw.has_joy || mnw.eq_pfc_yoke || net.getting_rawjoy || net.getting_astab || net.getting_flightcons; }
+
+// The levers of every engine, moved at a rate while a button is held.
+void move_levers(float thro, float prop, float mixt)
+{
+	const veh_struct& v = veh[0];
+	const flt_struct& f = flt[0];
+	const float dt = mnw.prd_UI > 0.0f ? mnw.prd_UI : mnw.prd_FM;
+	for (int e = 0; e < engn_max; e++) {
+		if (thro != 0.0f) set_thro(e, fltlim(f.CONT_thro_ref[e] + thro * 0.25f * dt, 0.0f, v.throt_max_FWD));
+		if (prop != 0.0f) set_prop(e, fltlim(f.CONT_prop_rsc[e] + prop * (v.RSC_redline_PROP - v.RSC_mingreen_PROP) * 0.25f * dt, v.RSC_mingreen_PROP, v.RSC_redline_PROP));
+		if (mixt != 0.0f) set_mixt(e, fltlim(f.CONT_mixt[e] + mixt * 0.25f * dt, 0.0f, 1.0f));
+	}
+}
+
+}  // namespace
+
+float JOY_curve(float input, int axis)
+{
+	const int a = intlim(axis, 0, 2);
+	if (!(mnw.top_win == 14 && stg.joyW_tab == 1) && other_source()) {   // the calibration page sees true positions
+		const float n = mnw.joy_null_rat[a];
+		input = input > 0.0f ? fltmax2(input - n, 0.0f) : fltmin2(input + n, 0.0f);
+	}
+	const float power = fltlim(1.5f + 3.0f * (1.0f - mnw.joy_power_rat[a]), 1.5f, 4.5f);
+	return (input < 0.0f ? -1.0f : 1.0f) * std::pow(std::fabs(input), power);
+}
+
+void JOY_axes_to_functions(const float* old_raw)
+{
+	for (int k = 0; k < joy_axis_max; k++) {
+		const float raw = mnw.joy_raw_dat[k];
+		mnw.lo_raw_dat[k] = fltmin2(mnw.lo_raw_dat[k], raw);   // calibration as it is seen
+		mnw.hi_raw_dat[k] = fltmax2(mnw.hi_raw_dat[k], raw);
+		const int use = mnw.joy_AXIS_use[k];
+		if (use <= 0 || use >= axis_max || raw == old_raw[k]) continue;   // a resting stick leaves its function alone
+		mnw.assigned[use] = 1;
+		mnw.has_joy = 1;
+		const float lo = mnw.lo_raw_dat[k], hi = mnw.hi_raw_dat[k];
+		float scale = hi > lo ? fltlim((raw - lo) / (hi - lo), 0.0f, 1.0f) : 0.5f;
+		if (mnw.joy_rev_axis[k]) scale = 1.0f - scale;
+		mnw.axis[use] = use <= 3 ? JOY_curve(2.0f * scale - 1.0f, use - 1) : scale;
+	}
+}
+
+void JOY_learn_null_zones()
+{
+	for (int a = 0; a < 3; a++) {
+		mnw.joy_null_rat[a] *= 1.0f - mnw.prd_UI;
+		const float rest = std::fabs(mnw.axis[a + 1]);
+		if (rest > mnw.joy_null_rat[a]) mnw.joy_null_rat[a] = fltmin2(rest, 0.2f);
+	}
+}
+
+void JOY_buttons()
+{
+	for (int k = 0; k < joy_button_max; k++)   // rising edges
+		if (mnw.n_button_pressed[k] && !mnw.o_button_pressed[k]) JOY_press_one(mnw.joy_BUTN_use[k]);
+	for (int k = 0; k < joy_button_max; k++)   // falling edges
+		if (!mnw.n_button_pressed[k] && mnw.o_button_pressed[k]) JOY_release_one(mnw.joy_BUTN_use[k]);
+	for (int k = 0; k < joy_button_max; k++)
+		if (mnw.n_button_pressed[k]) JOY_press_always(mnw.joy_BUTN_use[k]);
+	for (int k = 0; k < joy_button_max; k++)
+		if (!mnw.n_button_pressed[k]) JOY_release_always(mnw.joy_BUTN_use[k]);
+}
+
+void JOY_press_one(int use)
+{
+	flt_struct& f = flt[0];
+	const veh_struct& v = veh[0];
+	switch (use) {
+	case 1: for (int& ig : f.CONT_ignition) ig = ig < 3 ? ig + 1 : 3; break;
+	case 12: for (int e = 0; e < engn_max; e++) set_thro(e, v.throt_max_FWD); break;
+	case 23: for (int e = 0; e < engn_max; e++) set_mixt(e, 0.0f); break;
+	case 30: f.rudd_trim = 0.0f; break;
+	case 33: f.ailn_trim = 0.0f; break;
+	case 36: mnw.YK_hdng = 0.0f; break;
+	case 59: f.sbrk_rqst = 0.0f; break;
+	case 60: f.sbrk_rqst = 1.0f; break;
+	case 61: f.sbrk_rqst = f.sbrk_rqst > 0.5f ? 0.0f : 1.0f; break;
+	case 69: f.parkbrake = 0.5f; break;
+	case 70: f.parkbrake = 1.0f; break;
+	case 72: f.l_brake_add = 0.5f; break;
+	case 73: f.r_brake_add = 0.5f; break;
+	case 84: nav.mode_alt_ = 9; break;
+	case 85: f.lan_lite = !f.lan_lite; f.tax_lite = !f.lan_lite; break;
+	case 100: fire_now = true; mnw.fire_key_is_down = 1; break;
+	case 102: mnw.timer_running = 1; break;
+	case 103: mnw.timr_time = 0.0f; break;
+	case 113: stg.pre_rotate_level = 0.0f; stg.pre_rotating = 0; f.parkbrake = 0.0f; break;
+	case 116: rel.fail_key_hit = 1; break;
+	default: break;   // views, keys, menus and dashboard switches come with their steps
+	}
+}
+
+void JOY_release_one(int use)
+{
+	flt_struct& f = flt[0];
+	switch (use) {
+	case 100: stop_fire(); fire_now = false; mnw.fire_key_is_down = 0; break;
+	case 69: case 70: f.parkbrake = 0.0f; break;
+	case 72: f.l_brake_add = 0.0f; break;
+	case 73: f.r_brake_add = 0.0f; break;
+	case 84: nav.mode_alt_ = 17; break;
+	default: break;
+	}
+}
+
+void JOY_press_always(int use)
+{
+	flt_struct& f = flt[0];
+	const veh_struct& v = veh[0];
+	const float dt = mnw.prd_UI > 0.0f ? mnw.prd_UI : mnw.prd_FM;
+	switch (use) {
+	case 2: for (float& t : stg.start_time) t = mnw.totl_time + 2.0f * dt; break;   // the starters run while held
+	case 3: case 4: case 5: case 6: case 7: case 8: case 9: case 10: stg.start_time[use - 3] = mnw.totl_time + 2.0f * dt; break;
+	case 13: move_levers(1.0f, 0.0f, 0.0f); break;
+	case 14: move_levers(-1.0f, 0.0f, 0.0f); break;
+	case 15: move_levers(0.0f, 1.0f, 0.0f); break;
+	case 16: move_levers(0.0f, -1.0f, 0.0f); break;
+	case 17: move_levers(0.0f, 0.0f, 1.0f); break;
+	case 18: move_levers(0.0f, 0.0f, -1.0f); break;
+	case 35: mnw.YK_hdng = fltlim(mnw.YK_hdng - 0.3f * dt, -1.0f, 1.0f); break;
+	case 37: mnw.YK_hdng = fltlim(mnw.YK_hdng + 0.3f * dt, -1.0f, 1.0f); break;
+	case 62: f.vect_rqst = fltlim(f.vect_rqst - v.vect_rate * dt, 0.0f, 1.0f); f.swdi_rqst = fltlim(f.swdi_rqst - 0.5f * dt, 0.0f, 1.0f); break;
+	case 63: f.vect_rqst = fltlim(f.vect_rqst + v.vect_rate * dt, 0.0f, 1.0f); f.swdi_rqst = fltlim(f.swdi_rqst + 0.5f * dt, 0.0f, 1.0f); break;
+	case 64: f.disp_rat = fltlim(f.disp_rat + 0.05f * dt, 0.0f, 1.0f); break;
+	case 65: f.disp_rat = fltlim(f.disp_rat - 0.05f * dt, 0.0f, 1.0f); break;
+	default: break;
+	}
+}
+
+void JOY_release_always(int use)
+{
+	if (use == 113) flt[0].parkbrake = 1.0f;   // the rotor brake holds unless the button releases it
+}
+
+int JOY_function_assigned(int fn)
+{
+	for (int k = 0; k < joy_axis_max; k++)
+		if (mnw.joy_AXIS_use[k] == fn) return 1;
+	return 0;
+}
+
+void JOY_reset_ranges()
+{
+	for (int k = 0; k < joy_axis_max; k++) {
+		mnw.lo_raw_dat[k] = 9.9e9f;
+		mnw.hi_raw_dat[k] = -9.9e9f;
+	}
+}
+
+void JOY_set_axis_use(int raw, int use, int reversed)
+{
+	if (raw < 0 || raw >= joy_axis_max) return;
+	if (mnw.joy_AXIS_use[raw] != use) {   // a new function starts its range afresh
+		mnw.lo_raw_dat[raw] = 9.9e9f;
+		mnw.hi_raw_dat[raw] = -9.9e9f;
+	}
+	mnw.joy_AXIS_use[raw] = use;
+	mnw.joy_rev_axis[raw] = reversed;
+	mnw.eq_ped_nobrk = JOY_function_assigned(3);
+	mnw.eq_ped_wibrk = JOY_function_assigned(6) || JOY_function_assigned(7);
+	if (mnw.eq_ped_wibrk) mnw.eq_ped_nobrk = 0;
+}
+
+void start_fire() { fire_now = true; }
+int in_single_fire() { return fire_now && !fire_was; }
+int in_contin_fire() { return fire_now; }
+void JOY_end_frame_fire() { fire_was = fire_now; }
+
+void JOY_defaults()
+{
+	for (int k = 0; k < joy_axis_max; k++) mnw.joy_AXIS_use[k] = mnw.joy_rev_axis[k] = 0;
+	mnw.joy_AXIS_use[0] = 2;   // X rolls
+	mnw.joy_AXIS_use[1] = 1;   // Y pitches
+	mnw.joy_AXIS_use[3] = 4;   // the throttle lever, full at its low end
+	mnw.joy_rev_axis[3] = 1;
+	JOY_reset_ranges();
+	for (int a = 0; a < 3; a++) { mnw.joy_null_rat[a] = 0.0f; mnw.joy_power_rat[a] = 0.5f; }
+}
