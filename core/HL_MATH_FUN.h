@@ -20,6 +20,7 @@ float ran01();                      // a random ratio 0..1 from the C library's 
 float fltlim(float x, float lo, float hi);
 int intlim(int i, int lo, int hi);
 inline int intmax2(int a, int b) { return a > b ? a : b; }
+inline int intmin2(int a, int b) { return a < b ? a : b; }
 float fltmin2(float a, float b);
 float fltmax2(float a, float b);
 float fltmax3(float a, float b, float c);

@@ -165,6 +165,7 @@ void MACIBM_init()
 		         "and that its OpenGL driver is installed.", alert_fatal);
 	}
 	mnw.first_miss_cycle = 1;
+	JOY_init();
 	if (!std::ifstream(ret_host_path(bmp_path + "interface.png")))
 		NB_ALERT("I cannot open the graphics interface file!", "It seems that you have moved Nimbara out of the Nimbasys folder!", "", "",
 		         alert_fatal);

@@ -11,3 +11,4 @@ void init_hardware_out();
 void close_hardware_out(int normal);
 int has_multiplayer();         // 1 while other pilots fly with us
 void set_dataoutput_params();  // the data output's rates and channels for a new flight
+void update_hardware_out();   // the cockpit hardware's outputs, each frame

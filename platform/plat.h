@@ -50,3 +50,23 @@ std::vector<std::string> plat_list_folders(const char* path);
 // Every entry of a folder, names only, unsorted, each with whether it is a folder.
 struct plat_entry { std::string name; bool is_dir; };
 std::vector<plat_entry> plat_list_entries(const char* path);
+
+// Joysticks and game controllers, up to four in the order they were attached.
+constexpr int plat_joy_max_buttons = 128;
+struct plat_joy_state {
+	int has_axis[8];   // X, Y, Z, Rx, Ry, Rz, slider 0, slider 1
+	float axis[8];     // -100..100
+	int n_hats;
+	int hat[4];        // hundredths of a degree clockwise from up, -1 centred
+	int n_buttons;
+	unsigned char button[plat_joy_max_buttons];
+};
+int plat_joy_init();                       // 0 when there is no joystick support at all
+void plat_joy_close();
+int plat_joy_update();                     // takes in plugging and unplugging; 1 when the list changed
+int plat_joy_count();
+int plat_joy_id(int dev);                  // a device's identity for as long as it stays attached
+int plat_joy_read(int dev, plat_joy_state* s);   // 0 when the device has gone
+int plat_joy_attach_virtual(int axes, int hats, int buttons);   // the new device's number, or -1
+int plat_joy_detach_virtual(int dev);
+int plat_joy_set(int dev, char what, int n, int value);   // a virtual device's axis 'a' (-100..100), hat 'h', button 'b'

@@ -13,6 +13,7 @@ struct ren_struct {
 	int shadow_final_tex;
 	int ground_is_vis;          // the terrain is drawn, so the block's files are read
 	int mouse_look;             // the view follows the mouse
+	float mouse_look_os_psi, mouse_look_os_the;   // the view's offset by the mouse, degrees
 	float local_y_vp;           // the ground's height under the viewpoint
 	unsigned tex_vram[7000];    // OpenGL names by texture number; 1000 + n the custom terrain textures
 };

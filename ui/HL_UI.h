@@ -7,6 +7,7 @@ void SOUND_play_buffer(int n, float pitch, float volume);
 void SOUND_close();
 void SOUND_start_stop(int start);
 void SOUND_maintain();
+void JOY_init();    // the devices attached now; none is no error
 void JOY_get();
 void load_plane_sounds();   // the sound table of the pilot's aircraft
 void JOY_close();

@@ -85,7 +85,7 @@ void JOY_press_one(int use)
 	flt_struct& f = flt[0];
 	const veh_struct& v = veh[0];
 	switch (use) {
-	case 1: for (int& ig : f.CONT_ignition) ig = ig < 3 ? ig + 1 : 3; break;
+	case 1: for (int& ig : f.CONT_ignition) ig = intmin2(ig + 1, 3); break;
 	case 12: for (int e = 0; e < engn_max; e++) set_thro(e, v.throt_max_FWD); break;
 	case 23: for (int e = 0; e < engn_max; e++) set_mixt(e, 0.0f); break;
 	case 30: f.rudd_trim = 0.0f; break;

@@ -6,9 +6,7 @@ void SOUND_play_buffer(int, float, float) {}
 void SOUND_close() {}
 void SOUND_start_stop(int) {}
 void SOUND_maintain() {}
-void JOY_get() {}   // joystick input: later step
 void load_plane_sounds() {}
-void JOY_close() {}                 // joysticks: later step
 void manage_top_win(int) {}         // settings windows: later step
 void MACIBM_handlekey(int) {}                 // key commands: later step
 void MACIBM_handleclick(int) {}               // menus and window clicks: later step
