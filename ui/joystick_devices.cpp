@@ -89,7 +89,7 @@ void JOY_get()
 	std::memset(mnw.joy_raw_dat, 0, sizeof mnw.joy_raw_dat);
 	if (joy_up) {
 		plat_joy_update();
-		int ra = 0, rb = 0;
+		int ra = 0, rb = 0, filled = 0;
 		for (int d = 0; d < plat_joy_count() && d < 4; d++) {
 			plat_joy_state s;
 			if (!plat_joy_read(d, &s)) return;   // gone mid-read: this frame is lost
@@ -104,6 +104,7 @@ void JOY_get()
 				}
 				mnw.joy_raw_dat[ra] = s.axis[a];
 				ra = intmin2(ra + 1, joy_axis_max - 1);   // extras overwrite the last
+				filled++;
 			}
 			for (int h = 0; h < s.n_hats; h++)
 				for (int p = 0; p < 8; p++) {
@@ -114,6 +115,10 @@ void JOY_get()
 				mnw.n_button_pressed[rb] |= s.button[b] != 0;
 				rb = intmin2(rb + 1, joy_button_max - 1);
 			}
+		}
+		for (int k = filled; k < joy_axis_max; k++) {   // a slot no device fills takes nothing
+			mnw.joy_raw_dat[k] = old_raw[k];
+			slot_owner[k] = -1;
 		}
 	}
 	if (!mnw.first_miss_cycle) JOY_axes_to_functions(old_raw);

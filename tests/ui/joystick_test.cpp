@@ -3,6 +3,7 @@
 // and buttons on their edges.
 #include "ui/joystick.h"
 #include "ui/HL_UI.h"
+#include "platform/plat.h"
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
 #include <cmath>
@@ -121,6 +122,82 @@ TEST_F(Joystick, ButtonsActOnTheirEdgesWhileHeldAndWhileNot)
 	flt[0].parkbrake = 0.0f;
 	JOY_buttons();
 	EXPECT_EQ(flt[0].parkbrake, 1.0f);
+}
+
+}  // namespace
+
+namespace {
+
+// Real devices through the same path, as virtual sticks: pooled in attach order, hats as
+// eight buttons, unplugged and plugged in again.
+struct Devices : Joystick {
+	void SetUp() override
+	{
+		Joystick::SetUp();
+		JOY_init();
+		if (plat_joy_count() != 0) GTEST_SKIP() << "a real joystick is attached";
+		mnw.first_miss_cycle = 0;
+	}
+	void TearDown() override
+	{
+		while (plat_joy_count() > 0) plat_joy_detach_virtual(0);
+		JOY_close();
+	}
+};
+
+TEST_F(Devices, TwoSticksPoolInOrderAndADiagonalHatPressesOneButton)
+{
+	const int a = plat_joy_attach_virtual(2, 1, 3), b = plat_joy_attach_virtual(3, 0, 2);
+	ASSERT_EQ(a, 0);
+	ASSERT_EQ(b, 1);
+	plat_joy_set(0, 'a', 1, 50);
+	plat_joy_set(1, 'a', 0, -100);
+	plat_joy_set(1, 'a', 2, 100);
+	plat_joy_set(0, 'h', 0, 13500);   // down and right
+	plat_joy_set(1, 'b', 1, 1);
+	JOY_get();
+	EXPECT_NEAR(mnw.joy_raw_dat[1], 50.0f, 0.01f);    // the first stick's second axis
+	EXPECT_NEAR(mnw.joy_raw_dat[2], -100.0f, 0.01f);  // then the second stick's axes
+	EXPECT_NEAR(mnw.joy_raw_dat[4], 100.0f, 0.01f);
+	int pressed = 0;
+	for (int k = 0; k < 8; k++) pressed += mnw.n_button_pressed[k];
+	EXPECT_EQ(pressed, 1);
+	EXPECT_EQ(mnw.n_button_pressed[3], 1);   // 13500 is the hat's fourth position
+	EXPECT_EQ(mnw.n_button_pressed[8 + 3 + 1], 1);   // past the first stick's hat and three buttons
+}
+
+TEST_F(Devices, UnpluggedAndPluggedInAgainItFliesAfterASweep)
+{
+	ASSERT_EQ(plat_joy_attach_virtual(4, 0, 4), 0);
+	for (int v : {0, -100, 100, 0}) {
+		plat_joy_set(0, 'a', 0, v);
+		JOY_get();
+	}
+	EXPECT_NEAR(mnw.axis[2], 0.0f, 1e-3f);
+	plat_joy_set(0, 'a', 0, 100);
+	JOY_get();
+	EXPECT_EQ(mnw.axis[2], 1.0f);
+	ASSERT_EQ(plat_joy_detach_virtual(0), 1);
+	JOY_get();   // gone: nothing is taken, then or after
+	EXPECT_EQ(mnw.assigned[2], 0);
+	JOY_get();
+	EXPECT_EQ(mnw.assigned[2], 0);
+	ASSERT_EQ(plat_joy_attach_virtual(4, 0, 4), 0);
+	for (int v : {0, -100, 100}) {   // its slot starts a fresh range
+		plat_joy_set(0, 'a', 0, v);
+		JOY_get();
+	}
+	plat_joy_set(0, 'a', 0, -100);
+	JOY_get();
+	EXPECT_EQ(mnw.axis[2], -1.0f);
+	EXPECT_EQ(mnw.assigned[2], 1);
+	mnw.joy_BUTN_use[2] = 70;   // a button on the parking brake: on while pressed
+	plat_joy_set(0, 'b', 2, 1);
+	JOY_get();
+	EXPECT_EQ(flt[0].parkbrake, 1.0f);
+	plat_joy_set(0, 'b', 2, 0);
+	JOY_get();
+	EXPECT_EQ(flt[0].parkbrake, 0.0f);
 }
 
 }  // namespace
