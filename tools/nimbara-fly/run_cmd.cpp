@@ -2,6 +2,7 @@
 // main loop, and writes a CSV of flight-record fields.
 #include "tools/nimbara-fly/nimbara_fly.h"
 #include "tools/tool_main.h"
+#include "tools/nimbara-fly/joy_script.h"
 #include "aircraft/load_plane.h"
 #include "core/HL_CORE.h"
 #include "core/HL_MAIN.h"
@@ -53,7 +54,8 @@ static int run_flight(int argc, char** argv)
 {
 	std::string aircraft, csv, fields = default_fields;
 	float lat = NAN, lon = NAN, alt_ft = NAN, kias = NAN, ktas = NAN, heading = 0.0f, pitch = 0.0f, approach = NAN, start_code = NAN;
-	std::string airport, runway, ramp;
+	std::string airport, runway, ramp, joy_script;
+	bool yoke_given = false, throttle_given = false;
 	bool ramp_given = false;
 	float seconds = 60.0f, dt = 0.02f, throttle = 0.0f, yp = 0.0f, yr = 0.0f, yy = 0.0f, flaps = NAN, every_f = 1.0f;
 	float brakes = NAN, rotate_kias = NAN, toe_l = 0.0f, toe_r = 0.0f, hold_heading = NAN, speedbrake = 0.0f;
@@ -77,6 +79,7 @@ static int run_flight(int argc, char** argv)
 		else if (o == "--csv") csv = val;
 		else if (o == "--fields") fields = val;
 		else if (o == "--airport") airport = val;
+		else if (o == "--joy-script") joy_script = val;
 		else if (o == "--runway") runway = val;
 		else if (o == "--approach") target = &approach;
 		else if (o == "--start") target = &start_code;
@@ -115,6 +118,8 @@ static int run_flight(int argc, char** argv)
 		}
 		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
 		if (target && !number(val, target)) { std::fprintf(stderr, "nimbara-fly: bad number for %s: '%s'\n", o.c_str(), val); return 2; }
+		yoke_given = yoke_given || o == "--yoke-pitch" || o == "--yoke-roll" || o == "--yoke-yaw";
+		throttle_given = throttle_given || o == "--throttle";
 	}
 	const bool custom = !std::isnan(lat) || !std::isnan(lon) || !std::isnan(alt_ft);   // start 1200
 	const bool on_ground = custom && std::isnan(alt_ft);   // no height: at rest or rolling on the surface
@@ -148,6 +153,13 @@ static int run_flight(int argc, char** argv)
 		std::fprintf(stderr, "nimbara-fly: a value is out of range\n");
 		return 2;
 	}
+	std::vector<joy_event> joy_events;
+	if (!joy_script.empty()) {
+		std::string why;
+		if (!read_joy_script(joy_script, joy_events, &why)) { std::fprintf(stderr, "nimbara-fly: %s\n", why.c_str()); return 2; }
+	}
+	const bool stick_yoke = !joy_script.empty() && !yoke_given, stick_levers = !joy_script.empty() && !throttle_given;   // through the joystick path
+	size_t next_joy = 0;
 	const std::string file = std::filesystem::absolute(aircraft).string();
 	const std::string tree = find_data_tree(file);
 	if (tree.empty()) { std::fprintf(stderr, "nimbara-fly: %s is not inside a data tree\n", file.c_str()); return 1; }
@@ -311,11 +323,20 @@ static int run_flight(int argc, char** argv)
 		if (!std::isnan(release) && t >= release) { yp = yr = yy = 0.0f; cyc_ptch = cyc_roll = NAN; }   // the pilot lets go
 		if (!std::isnan(trim_pitch)) f.elev_trim = trim_pitch;
 		const float yoke_pitch = std::isnan(rotate_kias) || f.v_ind_kts >= rotate_kias ? yp : 0.0f;   // --rotate-kias holds the pull till then
-		mnw.YK_ptch = fltlim((std::isnan(cyc_ptch) ? yoke_pitch : cyc_ptch) + (has_coll ? 0.0f : vs_out), -1.0f, 1.0f);   // a helicopter's cyclic is its yoke
-		mnw.YK_roll = std::isnan(cyc_roll) ? yr : cyc_roll;
-		if (!std::isnan(hold_bank))   // a wing leveller: bank error against roll rate
-			mnw.YK_roll = fltlim(mnw.YK_roll + 0.03f * fltwrap(hold_bank - f.phi, -180.0f, 180.0f) - 0.02f * f.P, -1.0f, 1.0f);
-		mnw.YK_hdng = yy;
+		for (; next_joy < joy_events.size() && joy_events[next_joy].t <= t + 1e-9; next_joy++) {
+			std::string why;
+			if (!apply_joy_event(joy_events[next_joy], &why)) {
+				std::fclose(out);
+				return refuse(joy_script + ", " + why);
+			}
+		}
+		if (!stick_yoke) {   // else the yoke comes through the joystick path
+			mnw.YK_ptch = fltlim((std::isnan(cyc_ptch) ? yoke_pitch : cyc_ptch) + (has_coll ? 0.0f : vs_out), -1.0f, 1.0f);   // a helicopter's cyclic is its yoke
+			mnw.YK_roll = std::isnan(cyc_roll) ? yr : cyc_roll;
+			if (!std::isnan(hold_bank))   // a wing leveller: bank error against roll rate
+				mnw.YK_roll = fltlim(mnw.YK_roll + 0.03f * fltwrap(hold_bank - f.phi, -180.0f, 180.0f) - 0.02f * f.P, -1.0f, 1.0f);
+			mnw.YK_hdng = yy;
+		}
 		if (!std::isnan(hold_heading))   // the pedals: heading error against yaw rate
 			mnw.YK_hdng = fltlim(yy + 0.05f * fltwrap(hold_heading - f.psi, -180.0f, 180.0f) - 0.1f * f.R, -1.0f, 1.0f);
 		if (!std::isnan(flaps)) f.flap_rqst = fltlim(flaps, 0.0f, 1.0f);   // else as the start set them
@@ -325,7 +346,7 @@ static int run_flight(int argc, char** argv)
 		f.r_brake_add = toe_r;
 		const veh_struct& v = veh[0];
 		for (int en = 0; en < engn_max; en++) {
-			if (!(eng_has_fadec(0, en) && fadec_is_running(0, en))) set_thro(en, throttle);   // a FADEC holds its own
+			if (!stick_levers && !(eng_has_fadec(0, en) && fadec_is_running(0, en))) set_thro(en, throttle);   // a FADEC holds its own
 			set_mixt(en, mixture);
 			set_prop(en, v.RSC_mingreen_PROP + fltlim(prop, 0.0f, 1.0f) * (v.RSC_redline_PROP - v.RSC_mingreen_PROP));
 			if ((!std::isnan(collective) || !std::isnan(hold_vs)) && v.prop_type[en] == 3)
