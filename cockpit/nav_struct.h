@@ -23,4 +23,5 @@ struct nav_struct {
 	int map_mode, map_mode_is_HSI, map_range_sel;
 	int EFIS_wxr, EFIS_tcas, EFIS_apt, EFIS_fix, EFIS_vor, EFIS_ndb;
 	int marker_audio_working, gear_audio_working, audio_sel;
+	int mode_ecam;   // the ECAM page on show, 0..4
 };

@@ -2,3 +2,4 @@
 #include "cockpit/HL_COCKPIT.h"
 
 void load_panel_for_plane() {}   // panel: later step
+void update_dashbool(int, int) {}   // panel switches: later step

@@ -80,6 +80,8 @@ void update_gauges(int p);
 void update_failures();
 void attach_weapon(int p, int w);
 void stop_fire();
+void update_trims(int fn, int dir);           // a trim button held
+void update_rocket(int p, int mode, float until);   // a manoeuvre rocket fires until then
 void force_weapons();
 void integ_weapons(int p);
 void inc_weapon_masses();

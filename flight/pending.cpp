@@ -16,3 +16,5 @@ void do_tow_wake() {}
 void do_line_ends() {}
 void do_gpws() {}
 void touchdown_keys(int) {}                   // key commands: later step
+void update_trims(int, int) {}               // trim buttons: later step
+void update_rocket(int, int, float) {}       // manoeuvre rockets: later step

@@ -18,3 +18,4 @@ void load_plane_geo(int build, int a, int b, int p);   // the aircraft's drawing
 void build_obs(float x, float z, float psi, float dh, const std::string& path, int typ, int mode);   // one scenery object into the block
 extern float planenrml[451][401][3];   // the block's vertex normals, relief exaggerated for lighting
 void spawn_puff(float x, float y, float z, float vx, float vy, float vz, float size, int color, int miny);   // a puff of smoke, dust or spray
+void move_landing_light(float dpsi, float dthe);   // degrees this frame

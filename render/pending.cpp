@@ -20,3 +20,4 @@ void set_up_runway_geo(int, int) {}   // runway polygons: terrain-mesh step
 void set_up_runway_lit(int, int) {}   // runway lights: terrain-mesh step
 void build_obs(float, float, float, float, const std::string&, int, int) {}   // scenery objects: objects step
 void spawn_puff(float, float, float, float, float, float, float, int, int) {}   // smoke and spray: effects step
+void move_landing_light(float, float) {}   // steerable landing lights: later step

@@ -27,3 +27,5 @@ extern std::string g_file[1000], g_path[1000];
 extern int g_file_type[1000];   // 1 a folder, else the file type of its extension
 int opensave_getitems(int file_type);   // lists wrk_path's items that file_type takes, by name; their count
 int opensave_takeit(int n_ret, int file_type);
+void do_key_command(int k);                 // the command of the key map's entry k
+void APPLICATION_handlekey(int type, int key);

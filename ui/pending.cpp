@@ -13,3 +13,5 @@ void MACIBM_handleclick(int) {}               // menus and window clicks: later 
 void MACIBM_startwind(int, const char*) {}    // window switch: later step
 void APPLICATION_handlemenu(int, int) {}   // menus: later step
 void reset_atc_and_plan(const char*) {}    // ATC and the flight plan: later step
+void do_key_command(int) {}                 // key commands: later step
+void APPLICATION_handlekey(int, int) {}     // key commands: later step

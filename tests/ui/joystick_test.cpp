@@ -201,3 +201,40 @@ TEST_F(Devices, UnpluggedAndPluggedInAgainItFliesAfterASweep)
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(Joystick, ButtonFunctionsReachTheirControls)
+{
+	flt_struct& f = flt[0];
+	veh_struct& v = veh[0];
+	JOY_press_one(61);
+	EXPECT_EQ(f.sbrk_rqst, 1.0f);
+	JOY_press_one(61);
+	EXPECT_EQ(f.sbrk_rqst, 0.0f);
+	v.takeoff_trim = 0.3f;
+	v.max_trim_elev = 0.2f;
+	JOY_press_one(25);   // take-off trim, within the trim's reach
+	EXPECT_EQ(f.elev_trim, 0.2f);
+	JOY_press_one(21);
+	EXPECT_EQ(f.CONT_heat[0], 1.0f);
+	JOY_press_one(20);
+	EXPECT_EQ(f.CONT_heat[0], 0.0f);
+	nav.mode_ecam = 4;
+	JOY_press_one(104);   // the pages wrap
+	EXPECT_EQ(nav.mode_ecam, 0);
+	JOY_press_one(105);
+	EXPECT_EQ(nav.mode_ecam, 4);
+	// Function 114 not held: the autogyro's rotor pitch moves at 6 degrees a second toward
+	// its pre-rotation pitch.
+	v.min_pitch[1] = 0.0f;
+	v.max_pitch[1] = 12.0f;
+	f.POINT_pitch_deg_ref[1] = 0.0f;
+	f.POINT_tac_rad[0] = 300.0f / 9.5493f;   // 300 rpm: 7 + 0.05 * 40, held to 7
+	for (int k = 0; k < 25; k++) JOY_release_always(114);
+	EXPECT_NEAR(f.POINT_pitch_deg_ref[1], 3.0f, 1e-3f);
+	for (int k = 0; k < 100; k++) JOY_release_always(114);
+	EXPECT_NEAR(f.POINT_pitch_deg_ref[1], 7.0f, 1e-3f);
+}
+
+}  // namespace
