@@ -29,3 +29,4 @@ int opensave_getitems(int file_type);   // lists wrk_path's items that file_type
 int opensave_takeit(int n_ret, int file_type);
 void do_key_command(int k);                 // the command of the key map's entry k
 void APPLICATION_handlekey(int type, int key);
+void manage_joy();   // the joystick window, top_win 14

@@ -15,3 +15,4 @@ void APPLICATION_handlemenu(int, int) {}   // menus: later step
 void reset_atc_and_plan(const char*) {}    // ATC and the flight plan: later step
 void do_key_command(int) {}                 // key commands: later step
 void APPLICATION_handlekey(int, int) {}     // key commands: later step
+void manage_joy() {}   // the joystick window: waits for the widgets of its step

@@ -238,3 +238,43 @@ TEST_F(Joystick, ButtonFunctionsReachTheirControls)
 }
 
 }  // namespace
+
+namespace {
+
+// The mouse, with no stick: a click at the centre flies with it; with a stick attached the
+// same click looks around instead; a change of view ends both.
+TEST_F(Joystick, ACentreClickFliesTheMouseOrLooksWithItAndANewViewEndsBoth)
+{
+	JOY_init();
+	if (plat_joy_count() != 0) GTEST_SKIP() << "a real joystick is attached";
+	mnw.top_win = 0;
+	mnw.x_res_now = 1024; mnw.y_res_now = 768; mnw.xy_scale = 1.0f;
+	auto click = [](int x, int y) {
+		mnw.mx = x; mnw.my = y;
+		mnw.mouse_clicked = 1;
+		JOY_get();
+		mnw.mouse_clicked = 0;
+	};
+	click(520, 380);
+	EXPECT_EQ(mnw.mouse_is_joy, 1);
+	mnw.mx = 512 + 50; mnw.my = 384 - 100;   // right and up: half right roll, full pull
+	JOY_get();
+	EXPECT_NEAR(mnw.axis[2], 0.5f, 1e-6f);
+	EXPECT_NEAR(mnw.axis[1], 1.0f, 1e-6f);
+	EXPECT_EQ(mnw.assigned[1], 1);
+	mnw.y_res_now = 600;   // a new view moves the centre: the mouse stops flying
+	JOY_get();
+	EXPECT_EQ(mnw.mouse_is_joy, 0);
+	mnw.has_joy = 1;   // a stick has moved: the centre click looks around
+	click(512, 300);
+	EXPECT_EQ(mnw.mouse_is_joy, 0);
+	EXPECT_EQ(ren.mouse_look, 1);
+	mnw.mx = 512 + 256;
+	JOY_get();
+	EXPECT_NEAR(ren.mouse_look_os_psi, 90.0f, 1e-3f);
+	click(900, 300);   // away from the centre: nothing changes
+	EXPECT_EQ(ren.mouse_look, 1);
+	JOY_close();
+}
+
+}  // namespace
