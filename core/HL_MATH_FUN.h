@@ -54,6 +54,8 @@ void xdob_xyz_with_latlonel(double& x, double& y, double& z, double lat, double 
 void latlonel_with_xyz(float& lat, float& lon, float& ele, float x, float y, float z);
 void xyz_with_latlonel(float& x, float& y, float& z, float lat, float lon, float ele);
 // The same about any reference point, and the rotation from such a frame to the horizon at a place.
+// A place a number of metres east and north of another, on the planet's sphere.
+void latlon_offset(double lat, double lon, double east, double north, double* lat2, double* lon2);
 void xdob_latlonel_with_xyz_ref(double& lat, double& lon, double& ele, double x, double y, double z, double lat_ref, double lon_ref);
 void xdob_xyz_with_latlonel_ref(double& x, double& y, double& z, double lat, double lon, double ele, double lat_ref, double lon_ref);
 void ret_q_horizon(double lat, double lon, double lat_ref, double lon_ref, float q[4]);

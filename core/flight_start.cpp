@@ -312,7 +312,6 @@ void init_flt_0(int t1, int t2)
 	logbook_entry();
 	set_dataoutput_params();
 	init_quaternion(f.psi, f.the, f.phi, f.q);
-	f.cos_the = f.cos_psi = f.cos_phi = f.cos_alph = f.cos_beta = 1.0f;
 	update_derived_flt(0);
 	update_def_angles(0);
 	if (v.m_max < 100.0f * con.lbstokgs) APPLICATION_handlemenu(1500, 1516);   // 27: a model's view

@@ -22,6 +22,13 @@ int ret_latlon_inreg(double lat, double lon)
 	       lon >= env.lon_wes && lon <= env.lon_wes + 2.0 * lon_secs_os[pl];
 }
 
+void latlon_offset(double lat, double lon, double east, double north, double* lat2, double* lon2)
+{
+	const double m_per_deg = con.planet_rad * deg2rad;
+	*lat2 = lat + north / m_per_deg;
+	*lon2 = lon + east / (m_per_deg * std::fmax(std::cos(lat * deg2rad), 1e-6));
+}
+
 float z_north_os(float lat, float lon)
 {
 	return (float)((ret_lon_ref() - lon) * std::sin(lat * deg2rad));

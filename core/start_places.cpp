@@ -21,13 +21,11 @@ constexpr float nm = 1852.0f;
 // The local frame's heading of a true heading at a place.
 float frame_psi(float psi_true, double lat, double lon) { return fltwrap(psi_true + z_north_os((float)lat, (float)lon), 0.0f, 360.0f); }
 
-// A point d metres from (lat, lon) along a true bearing, on the sphere's local flat.
+// A point d metres from (lat, lon) along a true bearing.
 void move_latlon(double lat, double lon, float brg_deg, float d, double* lat2, double* lon2)
 {
-	const double R = con.planet_rad > 0.0f ? con.planet_rad : 6378145.0;
-	const double b = brg_deg * 0.017453292519943295;
-	*lat2 = lat + d * std::cos(b) / R * 57.29577951308232;
-	*lon2 = lon + d * std::sin(b) / (R * std::cos(lat * 0.017453292519943295)) * 57.29577951308232;
+	const double b = brg_deg * con.degtorad;
+	latlon_offset(lat, lon, d * std::sin(b), d * std::cos(b), lat2, lon2);
 }
 
 void place_latlon(flt_struct& f, double lat, double lon, double ele)
@@ -207,8 +205,7 @@ bool reentry_start(flt_struct& f, int t1)
 	float psi_true;
 	if (s < 3) {   // on the airport's own meridian, downrange to the south
 		const vec_rwy_struct& r = a.rwy[0];
-		lat = r.lat - dist_nm[s] * nm / (con.planet_rad > 0.0f ? con.planet_rad : 6378145.0) * 57.29577951308232;
-		lon = r.lon;
+		latlon_offset(r.lat, r.lon, 0.0, -dist_nm[s] * nm, &lat, &lon);
 		psi_true = hdg[s];
 	} else {   // on the final, half the runway and eight miles out
 		const vec_rwy_struct& r = a.rwy[msc.lcl_rwy_ram];
@@ -291,8 +288,8 @@ void place_start(int& t1, int& t2)
 	}
 	case 4503: {
 		const veh_struct& v = veh[0];
-		f.the = f.psi = f.phi = 0.0f;
-		f.psi = flt[1].psi;
+		f.the = f.phi = 0.0f;
+		f.psi = flt[1].psi;   // along the mother ship
 		f.dob_x = flt[1].dob_x; f.dob_z = flt[1].dob_z; f.dob_y = flt[1].dob_y;
 		f.V_msc = flt[1].V_msc;
 		for (int t = 0; t < 3; t++) f.m_fuel[t] = v.m_fuel_tot * fltmin2(v.tank_rat[t], 1.0f / intmax2(v.num_tanks, 1));

@@ -93,7 +93,11 @@ void do_bodies_and_drag();
 void get_body_coeffs(float s_frn, float s_sid, float s_top, float cd_0, float v_msc, float alph_rad, float* sublift, float beta_rad,
                      float* subside, float angl_rad, float* subdrag);
 void do_contact();
-int pedals_steer();   // steering and the water rudder follow the pedals, else the yoke's roll
+int pedals_steer();
+// A point of the aircraft and its velocity relative to the aircraft's centre (vx, vy, vz
+// in aircraft axes), the rotation's part added, turned into the world's axes.
+void point_to_world(const flt_struct& f, float x, float y, float z, float vx, float vy, float vz, float* px, float* py, float* pz,
+                    float* wx, float* wy, float* wz);   // steering and the water rudder follow the pedals, else the yoke's roll
 // One point against the surface: spring and damper along its normal, the tyre's friction;
 // 1 when in contact. Forces go to the gear accumulators.
 int handle_contact_point(int p, int en, double x_glo_ctr, float vx_glo_ctr, float x_veh, float vx_veh, float fco_roll, double y_glo_ctr, float vy_glo_ctr,

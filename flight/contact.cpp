@@ -39,6 +39,16 @@ void steer_gears(const veh_struct& v, flt_struct& f)
 
 }  // namespace
 
+void point_to_world(const flt_struct& f, float x, float y, float z, float vx, float vy, float vz, float* px, float* py, float* pz,
+                    float* wx, float* wy, float* wz)
+{
+	vx += y * f.Prad - z * f.Rrad;   // the rotation's part
+	vy += -x * f.Prad - z * f.Qrad;
+	vz += y * f.Qrad + x * f.Rrad;
+	rot_quat(f.q, x, y, z, px, py, pz);
+	rot_quat(f.q, vx, vy, vz, wx, wy, wz);
+}
+
 int pedals_steer()
 {
 	return mnw.eq_ped_nobrk || mnw.eq_ped_wibrk || net.getting_rawjoy || net.getting_astab || net.getting_flightcons || msc.ai_flys;
@@ -55,13 +65,8 @@ int handle_contact_point(int p, int en, double x_glo_ctr, float vx_glo_ctr, floa
 	const int k = is_tire ? en - en_gear_lo : 0;
 	const bool is_cat = (stg.cat_waiting || stg.cat_inprog) && is_tire && z_veh < 0.0f;
 	const bool castors = is_tire && v.gear_steers[en] && v.nw_steerdeg1 < 0.01f;
-	// The point and its velocity, the rotation's part added, into the world.
-	vx_veh += y_veh * f.Prad - z_veh * f.Rrad;
-	vy_veh += -x_veh * f.Prad - z_veh * f.Qrad;
-	vz_veh += y_veh * f.Qrad + x_veh * f.Rrad;
 	float px, py, pz, vx, vy, vz;
-	rot_quat(f.q, x_veh, y_veh, z_veh, &px, &py, &pz);
-	rot_quat(f.q, vx_veh, vy_veh, vz_veh, &vx, &vy, &vz);
+	point_to_world(f, x_veh, y_veh, z_veh, vx_veh, vy_veh, vz_veh, &px, &py, &pz, &vx, &vy, &vz);
 	const double x_glo = x_glo_ctr + px, y_glo = y_glo_ctr + py, z_glo = z_glo_ctr + pz;
 	vx += vx_glo_ctr;
 	vy += vy_glo_ctr;

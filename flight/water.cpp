@@ -24,13 +24,8 @@ int handle_float_point(int en, int s, int r, float x_acf, float y_acf, float z_a
 	flt_struct& f = flt[0];
 	const veh_struct& v = veh[0];
 	const float g = con.g;
-	// The point and its velocity, the rotation's part added, into the world.
-	const float vx_acf = y_acf * f.Prad - z_acf * f.Rrad;
-	const float vy_acf = -x_acf * f.Prad - z_acf * f.Qrad;
-	const float vz_acf = y_acf * f.Qrad + x_acf * f.Rrad;
 	float px, py, pz, vx, vy, vz;
-	rot_quat(f.q, x_acf, y_acf, z_acf, &px, &py, &pz);
-	rot_quat(f.q, vx_acf, vy_acf, vz_acf, &vx, &vy, &vz);
+	point_to_world(f, x_acf, y_acf, z_acf, 0.0f, 0.0f, 0.0f, &px, &py, &pz, &vx, &vy, &vz);
 	const double x_glo = f.dob_x + px, y_glo = f.dob_y + py, z_glo = f.dob_z + pz;
 	vx += f.vx; vy += f.vy; vz += f.vz;
 	const float depth = (float)(wave_h((float)x_glo, (float)z_glo, f.terrain_y_cg) - y_glo);

@@ -13,7 +13,6 @@ struct device {
 	SDL_JoystickID id = -1;
 	SDL_Joystick* joy = nullptr;
 	SDL_GameController* pad = nullptr;
-	int virtual_index = -1;   // the SDL device index it was attached at, for detaching
 };
 device devs[max_dev];
 int ndev = 0;
@@ -138,7 +137,7 @@ int plat_joy_attach_virtual(int axes, int hats, int buttons)
 	refresh();
 	const SDL_JoystickID id = SDL_JoystickGetDeviceInstanceID(index);
 	for (int k = 0; k < ndev; k++)
-		if (devs[k].id == id) { devs[k].virtual_index = index; return k; }
+		if (devs[k].id == id) return k;
 	return -1;
 }
 

@@ -16,9 +16,6 @@ namespace {
 bool fire_now, fire_was;
 float last_flap = 0.0f;   // the rotor's flapping, for its rate
 
-// What another source than the mouse may fly with.
-bool other_source() { return mnw.has_joy || mnw.eq_pfc_yoke || net.getting_rawjoy || net.getting_astab || net.getting_flightcons; }
-
 // The levers of every engine, moved at a rate while a button is held.
 void move_levers(float thro, float prop, float mixt)
 {
@@ -37,7 +34,7 @@ void move_levers(float thro, float prop, float mixt)
 float JOY_curve(float input, int axis)
 {
 	const int a = intlim(axis, 0, 2);
-	if (!(mnw.top_win == 14 && stg.joyW_tab == 1) && other_source()) {   // the calibration page sees true positions
+	if (!(mnw.top_win == 14 && stg.joyW_tab == 1) && (mnw.has_joy || mnw.eq_pfc_yoke)) {   // the calibration page sees true positions
 		const float n = mnw.joy_null_rat[a];
 		input = input > 0.0f ? fltmax2(input - n, 0.0f) : fltmin2(input + n, 0.0f);
 	}
@@ -196,8 +193,6 @@ void JOY_press_always(int use)
 		update_rocket(0, mode[use - 90], mnw.totl_time + 2.0f * dt);
 		break;
 	}
-	case 41: case 42: break;   // in the circling views they turn the view: with the views' step
-	case 43: case 44: break;
 	default: break;
 	}
 }

@@ -14,14 +14,6 @@ namespace {
 
 constexpr double deg = M_PI / 180.0;
 
-double m_per_deg_lat() { return con.planet_rad * deg; }
-
-// A place a number of metres east and north of another.
-void offset(double lat, double lon, double east, double north, double* lat2, double* lon2)
-{
-	*lat2 = lat + north / m_per_deg_lat();
-	*lon2 = lon + east / (m_per_deg_lat() * std::fmax(std::cos(lat * deg), 1e-6));
-}
 
 
 bool strictly_in_block(double lat, double lon)
@@ -49,7 +41,7 @@ void airport_buildings()
 			for (int k = 1; k <= 4; k++) {
 				const double along = len - 45.0 * k;
 				double lat, lon;
-				offset(r.lat, r.lon, s * re + along * fe, s * rn + along * fn, &lat, &lon);
+				latlon_offset(r.lat, r.lon, s * re + along * fe, s * rn + along * fn, &lat, &lon);
 				if (ret_latlon_inreg(lat, lon) && !in_runway(lat, lon)) queue_at(lat, lon, r.psi_true, 0.0f, "hangar", 94);
 			}
 		}

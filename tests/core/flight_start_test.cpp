@@ -4,7 +4,6 @@
 #include "support/fleet.h"
 #include "aircraft/HL_ACF.h"
 #include "core/files.h"
-#include "world/nav_data.h"
 #include <cmath>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -15,25 +14,7 @@ struct FlightStart : ::testing::Test {
 	void SetUp() override
 	{
 		ASSERT_EQ(start_fleet_aircraft("General Aviation:Wren 180:Wren 180.acf", 0.0f), 1);
-		// One airport at the frame's reference point: a 2 km runway heading east.
-		vec_apt.clear();
-		vec_apt_struct a{};
-		a.apt_type = 1;
-		a.h = 300.0f;
-		std::snprintf(a.apt_id, sizeof a.apt_id, "KTST");
-		vec_rwy_struct r{};
-		xdob_latlonel_with_xyz(flt[0].dob_lat, flt[0].dob_lon, flt[0].dob_ele, 0.0, 0.0, 0.0);
-		r.lat = (float)flt[0].dob_lat;
-		r.lon = (float)flt[0].dob_lon;
-		r.psi_true = 90.0f;
-		r.len = 2000.0f;
-		r.width = 45.0f;
-		r.surf_tex = 162;
-		std::snprintf(r.num_str, sizeof r.num_str, "09");
-		a.rwy.push_back(r);
-		vec_apt.push_back(a);
-		apt_lcl_to_wrl[0] = 0;
-		apt_lcl_max = 0;
+		one_runway_airport("09", 90.0f, 2000.0f, 45.0f, 300.0f);   // a 2 km runway heading east
 		msc.loc_apt_wrl = msc.lcl_rwy_ram = msc.backwards = 0;
 		for (int b = 0; b < boat_max; b++) env.boat_x[b] = env.boat_z[b] = -9.9e9f;
 		env.lo_x = env.lo_z = -100000.0f;

@@ -2,7 +2,6 @@
 // friction gain's retreat at a standstill, a locked tyre's wear, a ship's moving deck.
 #include "support/fleet.h"
 #include "core/failures.h"
-#include "world/nav_data.h"
 #include <cstdio>
 #include <cmath>
 #include <gtest/gtest.h>
@@ -101,22 +100,7 @@ TEST_F(Contact, AnAircraftParkedOnAMovingDeckMovesWithItWithoutSlip)
 TEST(ContactAtRest, TheTrainersWheelLoadsSplitByTheirLeverArmsFuelIncluded)
 {
 	ASSERT_EQ(start_fleet_aircraft("General Aviation:Wren 180:Wren 180.acf", 0.0f), 1);
-	// A long runway under the aircraft at sea level, the only airport of the block.
-	xdob_latlonel_with_xyz(flt[0].dob_lat, flt[0].dob_lon, flt[0].dob_ele, 0.0, 0.0, 0.0);
-	vec_apt.clear();
-	vec_apt_struct a{};
-	a.apt_type = 1;
-	vec_rwy_struct r{};
-	r.lat = (float)flt[0].dob_lat;
-	r.lon = (float)flt[0].dob_lon;
-	r.len = 3000.0f;
-	r.width = 60.0f;
-	r.surf_tex = 162;
-	std::snprintf(r.num_str, sizeof r.num_str, "36");
-	a.rwy.push_back(r);
-	vec_apt.push_back(a);
-	apt_lcl_to_wrl[0] = 0;
-	apt_lcl_max = 0;
+	one_runway_airport("36", 0.0f, 3000.0f, 60.0f, 0.0f);   // a long runway under the aircraft at sea level
 	flt_struct& f = flt[0];
 	const veh_struct& v = veh[0];
 	f.dob_y = v.h_eqlbm;

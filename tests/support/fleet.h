@@ -8,6 +8,7 @@
 #include "core/HL_TYPES.h"
 #include "flight/HL_FLIGHT.h"
 #include "world/HL_WORLD.h"
+#include "world/nav_data.h"
 #include <cstdio>
 #include <string>
 
@@ -42,4 +43,28 @@ inline int start_fleet_aircraft(const char* rel, float alt_m)
 	WORLD_math_all_cases();
 	update_derived_flt(0);
 	return got;
+}
+
+// The block's only airport, "KTST" at height h: one runway centred at the local frame's
+// reference point, where aircraft 0's latitude and longitude are set.
+inline void one_runway_airport(const char* num, float psi_true, float len, float width, float h)
+{
+	xdob_latlonel_with_xyz(flt[0].dob_lat, flt[0].dob_lon, flt[0].dob_ele, 0.0, 0.0, 0.0);
+	vec_apt.clear();
+	vec_apt_struct a{};
+	a.apt_type = 1;
+	a.h = h;
+	std::snprintf(a.apt_id, sizeof a.apt_id, "KTST");
+	vec_rwy_struct r{};
+	r.lat = (float)flt[0].dob_lat;
+	r.lon = (float)flt[0].dob_lon;
+	r.psi_true = psi_true;
+	r.len = len;
+	r.width = width;
+	r.surf_tex = 162;
+	std::snprintf(r.num_str, sizeof r.num_str, "%s", num);
+	a.rwy.push_back(r);
+	vec_apt.push_back(a);
+	apt_lcl_to_wrl[0] = 0;
+	apt_lcl_max = 0;
 }
