@@ -9,6 +9,7 @@ struct mnw_struct {
 	int win_x, win_y, win_dx, win_dy, x_res_now, y_res_now;
 	float x_off, y_off, xy_scale;
 	int x1_pix, y1_pix, x2_pix, y2_pix;
+	float look_up;   // the panel's scroll, panel pixels
 
 	// Input of this pass.
 	int mx, my;

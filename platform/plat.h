@@ -68,5 +68,6 @@ int plat_joy_count();
 int plat_joy_id(int dev);                  // a device's identity for as long as it stays attached
 int plat_joy_read(int dev, plat_joy_state* s);   // 0 when the device has gone
 int plat_joy_attach_virtual(int axes, int hats, int buttons);   // the new device's number, or -1
+int plat_joy_attach_virtual_pad();        // a game controller: axes and buttons numbered as SDL's controller enums
 int plat_joy_detach_virtual(int dev);
 int plat_joy_set(int dev, char what, int n, int value);   // a virtual device's axis 'a' (-100..100), hat 'h', button 'b'

@@ -141,6 +141,24 @@ int plat_joy_attach_virtual(int axes, int hats, int buttons)
 	return -1;
 }
 
+int plat_joy_attach_virtual_pad()
+{
+	if (!up && !plat_joy_init()) return -1;
+	SDL_VirtualJoystickDesc desc{};   // a game controller: SDL maps its axes and buttons in its own order
+	desc.version = SDL_VIRTUAL_JOYSTICK_DESC_VERSION;
+	desc.type = SDL_JOYSTICK_TYPE_GAMECONTROLLER;
+	desc.naxes = SDL_CONTROLLER_AXIS_MAX;
+	desc.nbuttons = SDL_CONTROLLER_BUTTON_MAX;
+	desc.name = "Virtual game controller";
+	const int index = SDL_JoystickAttachVirtualEx(&desc);
+	if (index < 0) return -1;
+	refresh();
+	const SDL_JoystickID id = SDL_JoystickGetDeviceInstanceID(index);
+	for (int k = 0; k < ndev; k++)
+		if (devs[k].id == id) return k;
+	return -1;
+}
+
 int plat_joy_detach_virtual(int dev)
 {
 	if (dev < 0 || dev >= ndev) return 0;

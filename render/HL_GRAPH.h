@@ -3,6 +3,8 @@
 #include <string>
 
 void init_world_rendering(int stage);
+int view_panel_index(int view_type);   // which of the nine panels a view shows
+bool view_shows_panel(int view_type);  // the panel views, whose eye centre is the HUD centre
 void set_up_runway_geo(int apt_wrl, int rwy_wrl);   // fills the runway's vec_rwy_geo entry
 void set_up_runway_lit(int apt_wrl, int rwy_wrl);
 void WORLD_scene_all_cases();

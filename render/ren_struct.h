@@ -12,6 +12,10 @@ struct ren_struct {
 	float shad_x1, shad_z1, shad_dspm, shad_dtpm;
 	int shadow_final_tex;
 	int ground_is_vis;          // the terrain is drawn, so the block's files are read
+	int view_type_act;          // the view shown, 1500 the forward panel
+	int cockpit_lite_on;        // the lit forward panel replaces the day one
+	int view_bmp_avail[9];      // the aircraft brings its own panel bitmap of that index
+	float circ_psi_rad, circ_the_rad;   // the circling views' bearing and elevation of the eye
 	int mouse_look;             // the view follows the mouse
 	float mouse_look_os_psi, mouse_look_os_the;   // the view's offset by the mouse, degrees
 	float local_y_vp;           // the ground's height under the viewpoint

@@ -8,6 +8,7 @@
 #include "flight/HL_FLIGHT.h"
 #include "net/HL_NET.h"
 #include "platform/plat.h"
+#include "render/HL_GRAPH.h"
 #include <cmath>
 #include <cstring>
 
@@ -26,7 +27,10 @@ bool other_source()
 
 void mouse()
 {
-	const float cx = 512.0f, cy = mnw.y_res_now * 0.5f / (mnw.xy_scale > 0.0f ? mnw.xy_scale : 1.0f);
+	const bool panel = view_shows_panel(ren.view_type_act);   // the eye's centre: the HUD's over a panel
+	const float cx = panel ? veh[0].HUD_ctr_x : 512.0f;
+	const float cy = panel ? veh[0].HUD_ctr_y[view_panel_index(ren.view_type_act)] - mnw.look_up
+	                       : mnw.y_res_now * 0.5f / (mnw.xy_scale > 0.0f ? mnw.xy_scale : 1.0f);
 	const bool centre_click = mnw.mouse_clicked && std::fabs(mnw.mx - cx) < 100.0f && std::fabs(mnw.my - cy) < 100.0f;
 	if (other_source()) {
 		mnw.mouse_is_joy = 0;
@@ -42,8 +46,15 @@ void mouse()
 		mnw.axis[1] = -fltlim((mnw.my - cy) * 0.01f, -1.0f, 1.0f);
 	}
 	if (ren.mouse_look) {
-		ren.mouse_look_os_psi = fltlim((mnw.mx - cx) * 360.0f / fltmax2((float)mnw.x_res_now, 1.0f), -180.0f, 180.0f);
-		ren.mouse_look_os_the = fltlim((mnw.my - cy) * 360.0f / fltmax2((float)mnw.y_res_now, 1.0f), -90.0f, 90.0f);
+		const float psi = fltlim((mnw.mx - cx) * 360.0f / fltmax2((float)mnw.x_res_now, 1.0f), -180.0f, 180.0f);
+		const float the = fltlim((mnw.my - cy) * 360.0f / fltmax2((float)mnw.y_res_now, 1.0f), -90.0f, 90.0f);
+		if (ren.view_type_act == 1519 || ren.view_type_act == 1520) {   // the circling views turn the eye round the aircraft
+			ren.circ_psi_rad = -psi * con.degtorad;
+			ren.circ_the_rad = the * con.degtorad;
+		} else {
+			ren.mouse_look_os_psi = psi;
+			ren.mouse_look_os_the = the;
+		}
 	}
 }
 

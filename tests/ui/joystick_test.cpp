@@ -16,6 +16,7 @@ struct Joystick : ::testing::Test {
 	void SetUp() override
 	{
 		zero_all_records();
+		init_con();
 		JOY_defaults();
 		mnw.prd_FM = mnw.prd_UI = 0.02f;
 	}
@@ -166,6 +167,34 @@ TEST_F(Devices, TwoSticksPoolInOrderAndADiagonalHatPressesOneButton)
 	EXPECT_EQ(mnw.n_button_pressed[8 + 3 + 1], 1);   // past the first stick's hat and three buttons
 }
 
+TEST_F(Devices, AGameControllersSticksTriggersAndPadFallInTheirSlots)
+{
+	ASSERT_EQ(plat_joy_attach_virtual_pad(), 0);
+	plat_joy_set(0, 'a', 0, 100);    // left stick right
+	plat_joy_set(0, 'a', 1, -50);    // left stick half up
+	plat_joy_set(0, 'a', 2, 40);     // right stick
+	plat_joy_set(0, 'a', 3, -100);
+	plat_joy_set(0, 'a', 4, 100);    // left trigger fully in
+	plat_joy_set(0, 'a', 5, -100);   // right trigger out
+	plat_joy_set(0, 'b', 0, 1);      // the first face button
+	plat_joy_set(0, 'b', 11, 1);     // d-pad up
+	plat_joy_set(0, 'b', 14, 1);     // and right: one diagonal
+	JOY_get();
+	const float* raw = mnw.joy_raw_dat;
+	EXPECT_NEAR(raw[0], 100.0f, 0.01f);
+	EXPECT_NEAR(raw[1], -50.0f, 0.01f);
+	EXPECT_NEAR(raw[2], 100.0f, 0.01f);   // left trigger as Z
+	EXPECT_NEAR(raw[3], 40.0f, 0.01f);
+	EXPECT_NEAR(raw[4], -100.0f, 0.01f);
+	EXPECT_NEAR(raw[5], -100.0f, 0.01f);  // right trigger as Rz, at rest at its low end
+	int pressed = 0;
+	for (int k = 0; k < 8; k++) pressed += mnw.n_button_pressed[k];
+	EXPECT_EQ(pressed, 1);
+	EXPECT_EQ(mnw.n_button_pressed[1], 1);   // the hat's up-right
+	EXPECT_EQ(mnw.n_button_pressed[8], 1);   // then the face button, the d-pad not counted twice
+	for (int k = 9; k < 9 + 16; k++) EXPECT_EQ(mnw.n_button_pressed[k], 0) << k;
+}
+
 TEST_F(Devices, UnpluggedAndPluggedInAgainItFliesAfterASweep)
 {
 	ASSERT_EQ(plat_joy_attach_virtual(4, 0, 4), 0);
@@ -274,6 +303,42 @@ TEST_F(Joystick, ACentreClickFliesTheMouseOrLooksWithItAndANewViewEndsBoth)
 	EXPECT_NEAR(ren.mouse_look_os_psi, 90.0f, 1e-3f);
 	click(900, 300);   // away from the centre: nothing changes
 	EXPECT_EQ(ren.mouse_look, 1);
+	JOY_close();
+}
+
+// Over a panel the eye's centre is the HUD's, less the panel's scroll; the circling view over
+// the panel turns the eye round the aircraft instead of offsetting it.
+TEST_F(Joystick, OverAPanelTheCentreIsTheHudsAndTheCirclingViewTurnsTheEye)
+{
+	JOY_init();
+	if (plat_joy_count() != 0) GTEST_SKIP() << "a real joystick is attached";
+	mnw.top_win = 0;
+	mnw.x_res_now = 1024; mnw.y_res_now = 768; mnw.xy_scale = 1.0f;
+	veh[0].HUD_ctr_x = 600.0f;
+	veh[0].HUD_ctr_y[0] = 500.0f;
+	veh[0].HUD_ctr_y[2] = 300.0f;
+	mnw.look_up = 100.0f;
+	ren.view_type_act = 1500;
+	mnw.has_joy = 1;
+	JOY_get();
+	mnw.mx = 600; mnw.my = 400;   // the HUD centre, scrolled
+	mnw.mouse_clicked = 1;
+	JOY_get();
+	mnw.mouse_clicked = 0;
+	EXPECT_EQ(ren.mouse_look, 1);
+	mnw.mx = 600 + 256;
+	JOY_get();
+	EXPECT_NEAR(ren.mouse_look_os_psi, 90.0f, 1e-3f);
+	ren.view_type_act = 1520;   // the same panel's centre: still looking, now circling
+	ren.mouse_look_os_psi = 0.0f;
+	mnw.mx = 600 - 256;
+	JOY_get();
+	EXPECT_EQ(ren.mouse_look, 1);
+	EXPECT_NEAR(ren.circ_psi_rad, 0.5f * 3.14159265f, 1e-4f);
+	EXPECT_EQ(ren.mouse_look_os_psi, 0.0f);
+	ren.view_type_act = 1508;   // the right panel's centre is lower: a new view ends the look
+	JOY_get();
+	EXPECT_EQ(ren.mouse_look, 0);
 	JOY_close();
 }
 
