@@ -25,7 +25,6 @@ int have_done_first_update = 0;
 std::string app_path, gen_path, res_path, afl_path, wpn_path, acf_path, sit_path, mov_path,
 	log_path, fms_path, snd_path, bmp_path, cus_path, agn_path, ean_path, man_path, men_path, txt_path, key_path;
 std::ofstream xer, dat, cyc;
-unsigned char win_gamma[256];
 
 int WinMain()
 {
@@ -136,7 +135,6 @@ void MACIBM_init()
 
 	init_con();
 	set_planet_specs(0);
-	for (int n = 0; n < 256; n++) win_gamma[n] = (unsigned char)std::lround(255.0 * std::pow(n / 255.0, 0.8181818));
 
 	mnw.x_res_req = 1024;
 	mnw.y_res_req = 768;

@@ -25,6 +25,12 @@ int plat_open_window(int width, int height);   // 1 on success
 int plat_make_context();                       // an OpenGL compatibility context; 1 on success
 void plat_close_window();
 int plat_has_gl();                             // 1 once a context is current
+// Drawing without a window of our own, for tools and tests: a compatibility context and a
+// framebuffer of the size asked for, bound for drawing and reading.
+int plat_offscreen_open(int width, int height);   // 1 on success, else plat_offscreen_error() says why
+void plat_offscreen_close();
+int plat_offscreen_active();
+const char* plat_offscreen_error();
 void plat_showinit(const char* text);
 std::string plat_exe_folder();        // with a trailing '/'
 std::string plat_program_folder();    // where the data tree is: the executable's folder unless a backend says otherwise

@@ -64,7 +64,7 @@ void plat_swap_buffers()
 int plat_open_window(int, int) { return 1; }
 int plat_make_context() { return 1; }
 void plat_close_window() {}
-int plat_has_gl() { return 0; }
+int plat_has_gl() { return plat_offscreen_active(); }   // a tool or test may draw offscreen
 
 void plat_message_box(const char* title, const char* text)   // headless: Error.out has it, and standard error
 {

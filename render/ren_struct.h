@@ -1,6 +1,8 @@
 // Rendering state (`ren`) and scene lists (`scn`). The drawing steps fill them.
 #pragma once
 
+constexpr int tex_id_max = 9142;   // texture ids 0 to 9141
+
 struct ren_struct {
 	int DL_carr, DL_frig, DL_opla, DL_orig;   // display lists of the ships and platforms
 	int tex_clamp_avail, add_env_avail, dis_fog_avail, tex_comp_avail;   // what the OpenGL driver offers
@@ -19,7 +21,11 @@ struct ren_struct {
 	int mouse_look;             // the view follows the mouse
 	float mouse_look_os_psi, mouse_look_os_the;   // the view's offset by the mouse, degrees
 	float local_y_vp;           // the ground's height under the viewpoint
-	unsigned tex_vram[7000];    // OpenGL names by texture number; 1000 + n the custom terrain textures
+	// Per texture id, the id being the OpenGL texture name as well.
+	int tex_dx_vis[tex_id_max], tex_dy_vis[tex_id_max];   // the picture, after scaling
+	int tex_dx_tot[tex_id_max], tex_dy_tot[tex_id_max];   // the power-of-two texture it lives in
+	unsigned tex_vram[tex_id_max];   // bytes given to the driver, every mip level; 0 for nothing loaded
+	int tex_tiles[49];          // land textures: square tiles side by side in the sheet
 };
 
 struct scn_struct {

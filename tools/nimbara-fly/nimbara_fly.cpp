@@ -82,6 +82,14 @@ static const char* help_text =
 	"      record of the cells' linear features (KIND roads, trails, rails, power, taxiways,\n"
 	"      rivers; the middle of its two edges), 'fire lat lon' when a fire burns and\n"
 	"      'boat N lat lon' per boat in the block.\n"
+	"  nimbara-fly tex FILE --id N [--type T] [--filter F] [--tex-res R] [--over LAYER]...\n"
+	"                  [--level L] [--png OUT] [--bmp OUT]\n"
+	"      Loads FILE as the simulator loads a texture under id N (type -100 and filter -107\n"
+	"      unless told; its PNG before its BMP; --tex-res the resolution setting, 4 full, the\n"
+	"      default) and prints 'dx_vis dy_vis dx_tot dy_tot vram'. --png writes mip level L as\n"
+	"      the driver holds it, RGBA, upright; --bmp level 0 as a 24-bit BMP. With --over,\n"
+	"      FILE is a panel background and each LAYER is laid over it; --bmp then writes the\n"
+	"      composed 1024 x 1024 panel. Needs a display (an X server, or xvfb-run).\n"
 	"  nimbara-fly --help\n";
 
 static int parse_float(const char* s, float* v)
@@ -137,6 +145,6 @@ static int atmos(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}, {"nav", fly_nav}, {"terrain", fly_terrain}, {"block", fly_block}};
-	return tool_main("nimbara-fly", help_text, cmds, 5, argc, argv);
+	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}, {"nav", fly_nav}, {"terrain", fly_terrain}, {"block", fly_block}, {"tex", fly_tex}};
+	return tool_main("nimbara-fly", help_text, cmds, 6, argc, argv);
 }

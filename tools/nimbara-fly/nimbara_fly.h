@@ -5,5 +5,6 @@ int fly_run(int argc, char** argv);   // argv[0] is "run"
 int fly_nav(int argc, char** argv);   // argv[0] is "nav"
 int fly_terrain(int argc, char** argv);   // argv[0] is "terrain"
 int fly_block(int argc, char** argv);     // argv[0] is "block"
+int fly_tex(int argc, char** argv);       // argv[0] is "tex"
 #include <string>
 std::string fly_default_tree();   // the tree beside the executable, with a trailing '/'; empty when none
