@@ -11,6 +11,7 @@
 #include "platform/plat.h"
 #include "plugin/HL_PLUGIN.h"
 #include "render/HL_GRAPH.h"
+#include "render/ogl.h"
 #include "replay/HL_REPLAY.h"
 #include "ui/HL_UI.h"
 #include "world/HL_WORLD.h"
@@ -165,6 +166,7 @@ void APPLICATION_update()
 	}
 	for (int p = 0; p < acf_max; p++)
 		if (flt[p].update_type == 2) update_with_net(p);   // peers keep moving behind a settings window
+	OGL_viewport(2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1.0f);
 	OGL_plot_background();
 	manage_top_win(mnw.top_win);
 }

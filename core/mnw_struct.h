@@ -8,8 +8,11 @@ struct mnw_struct {
 	int window, top_win, menu_up;
 	int win_x, win_y, win_dx, win_dy, x_res_now, y_res_now;
 	float x_off, y_off, xy_scale;
-	int x1_pix, y1_pix, x2_pix, y2_pix;
+	float x1_pix, y1_pix, x2_pix, y2_pix;   // the whole window in panel space
+	float x1_rat, y1_rat, x2_rat, y2_rat;   // the 3-D view's near-plane ratios
 	float look_up;   // the panel's scroll, panel pixels
+	int look_up_mode;   // 0 up, 1 centre, 2 down
+	float look_up_UP[9], look_up_CTR[9], look_up_DN[9];   // scroll targets by panel index
 
 	// Input of this pass.
 	int mx, my;

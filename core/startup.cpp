@@ -9,6 +9,7 @@
 #include "plugin/HL_PLUGIN.h"
 #include "platform/plat.h"
 #include "render/HL_GRAPH.h"
+#include "render/ogl.h"
 #include "replay/HL_REPLAY.h"
 #include "ui/HL_UI.h"
 #include "ui/joystick.h"
@@ -148,14 +149,8 @@ void MACIBM_init()
 	mnw.top_win = -1;
 	std::snprintf(msc.apt_id_str, sizeof msc.apt_id_str, "KSBD");   // until the preferences say otherwise
 	handle_prefs(0, 6, res_path.c_str());
-	mnw.x_res_now = mnw.x_res_req;
-	mnw.y_res_now = mnw.y_res_req;
-	// The 1024 x 768 virtual screen inside the real one.
-	mnw.xy_scale = fltmin2(1.0f, fltmin2(mnw.x_res_now / 1024.0f, mnw.y_res_now / 768.0f));
-	mnw.x_off = 0.5f * (mnw.x_res_now / mnw.xy_scale - 1024.0f);
-	mnw.y_off = mnw.y_res_now / mnw.xy_scale - 768.0f;
-	mnw.x1_pix = 0; mnw.y1_pix = 0;
-	mnw.x2_pix = mnw.x_res_now; mnw.y2_pix = mnw.y_res_now;
+	OGL_assign_start_colours();
+	OGL_set_panel_space(mnw.x_res_req, mnw.y_res_req);   // the 1024 x 768 panel inside the real window
 	if (!MACIBM_setres(1) || !MACIBM_getcontext()) {
 		handle_prefs(0, 7, res_path.c_str());
 		NB_ALERT("I could not set up the graphics for Nimbara! I hope your monitor is at 1024x768 or higher! It must be!",
@@ -169,6 +164,7 @@ void MACIBM_init()
 		         alert_fatal);
 	OGL_report_situation();
 	OGL_init_state();
+	if (plat_has_gl()) OGL_load_interface();
 }
 
 void init_gen()

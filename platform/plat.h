@@ -9,14 +9,15 @@
 // Messages as the window procedure numbers them. A caught SIGINT or SIGTERM arrives
 // as msg_destroy, so it ends the loop through the normal finish.
 enum plat_msg_type {
-	msg_none = 0, msg_create = 1, msg_destroy = 2, msg_paint = 15, msg_keydown = 256, msg_keyup = 257,
+	msg_none = 0, msg_create = 1, msg_destroy = 2, msg_size = 5, msg_paint = 15, msg_keydown = 256, msg_keyup = 257,
 	msg_mousemove = 512, msg_lbuttondown = 513, msg_lbuttonup = 514, msg_rbuttondown = 516,
 	msg_rbuttonup = 517, msg_mousewheel = 522
 };
 
 struct plat_msg {
 	int type;
-	int a, b;   // keys: a the virtual-key code; mouse: a, b the window pixel from the top left; wheel: a in 120ths of a notch
+	int a, b;   // keys: a the virtual-key code; mouse: a, b the window pixel from the top left; wheel: a in 120ths of a notch;
+	            // size: a, b the new width and height
 };
 
 int plat_next_msg(plat_msg* m);       // 1 while a message waits
@@ -41,7 +42,8 @@ void plat_catch_signals();            // SIGINT and SIGTERM end the loop through
 unsigned char* plat_map_file(const char* path, size_t* size);
 void plat_unmap_file(unsigned char* begin, size_t size);
 
-// A plain message box, for alerts before the interface can draw them.
+// A plain message box, for alerts before the interface can draw them; once OpenGL is up the
+// simulator draws its own, and this only writes the lines to standard error.
 void plat_message_box(const char* title, const char* text);
 
 // The local calendar: seconds since midnight, month 0..11, day of the month 1..31.

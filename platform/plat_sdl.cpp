@@ -73,7 +73,7 @@ int plat_open_window(int width, int height)
 	SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 24);
 	SDL_GL_SetAttribute(SDL_GL_STENCIL_SIZE, 8);
 	window = SDL_CreateWindow("Nimbara", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width, height,
-	                          SDL_WINDOW_OPENGL | SDL_WINDOW_SHOWN);
+	                          SDL_WINDOW_OPENGL | SDL_WINDOW_SHOWN | SDL_WINDOW_RESIZABLE);
 	if (!window) {
 		std::fprintf(stderr, "nimbara: no window: %s\n", SDL_GetError());
 		return 0;
@@ -121,6 +121,11 @@ int plat_next_msg(plat_msg* m)
 		case SDL_WINDOWEVENT:
 			if (e.window.event == SDL_WINDOWEVENT_EXPOSED) { m->type = msg_paint; return 1; }
 			if (e.window.event == SDL_WINDOWEVENT_CLOSE) { m->type = msg_destroy; return 1; }
+			if (e.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) {
+				m->type = msg_size;
+				SDL_GL_GetDrawableSize(window, &m->a, &m->b);
+				return 1;
+			}
 			break;
 		case SDL_KEYDOWN:
 		case SDL_KEYUP:
@@ -153,7 +158,7 @@ void plat_swap_buffers()
 void plat_message_box(const char* title, const char* text)
 {
 	std::fprintf(stderr, "%s\n%s\n", title, text);
-	SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, title, text, window);
+	if (!context) SDL_ShowSimpleMessageBox(SDL_MESSAGEBOX_ERROR, title, text, window);   // later the simulator draws its alerts
 }
 
 void plat_showinit(const char* text) { std::printf("%s\n", text); std::fflush(stdout); }

@@ -2,6 +2,7 @@
 #include "render/HL_GRAPH.h"
 #include "core/HL_MAIN.h"
 #include "core/HL_TYPES.h"
+#include "core/files.h"
 #include "platform/plat.h"
 #include <GL/gl.h>
 #include <cstring>
@@ -39,13 +40,19 @@ void OGL_report_situation()
 	    << "\ntexture units: " << units << "\nlargest texture: " << maxdim << "\nedge clamp: " << ren.tex_clamp_avail
 	    << "\nmultitexture add: " << ren.add_env_avail << "\nfog distance: " << ren.dis_fog_avail
 	    << "\ntexture compression: " << ren.tex_comp_avail << "\n";
-	if (renderer.find("GENERIC") != std::string::npos) xer << "No accelerated OpenGL was found; going on without it.\n";
 	xer.flush();
+	// A renderer that draws in software: said once, and the simulator goes on.
+	if (renderer.find("GENERIC") != std::string::npos || renderer.find("llvmpipe") != std::string::npos ||
+	    renderer.find("softpipe") != std::string::npos)
+		NB_ALERT("I could not find a 3-D accelerator for OpenGL!", "Nimbara will run, but slowly, on the software renderer:", renderer,
+		         "Install the OpenGL driver for your graphics card for smooth flight.", alert_notice);
 }
 
 void OGL_init_state()
 {
 	if (!plat_has_gl()) return;
+	static const GLfloat ogl_base_amb[4] = {0.2f, 0.2f, 0.2f, 1.0f};   // what light 0 leaves unlit
+	glLightModelfv(GL_LIGHT_MODEL_AMBIENT, ogl_base_amb);
 	glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
 	glPixelStorei(GL_PACK_ALIGNMENT, 1);
 	glAlphaFunc(GL_GREATER, 0.0f);

@@ -9,12 +9,10 @@ void WORLD_scene_all_cases()        // the frame: later step; until then a plain
 	glClearColor(0.45f, 0.62f, 0.85f, 1.0f);
 	glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
 }
-void OGL_plot_background() {}       // settings-window background: later step
 int build_a_carr() { return 0; }    // ship display lists: later step
 int build_a_frig() { return 0; }
 int build_a_opla() { return 0; }
 int build_a_orig() { return 0; }
-void OGL_sbuf() { plat_swap_buffers(); }
 void load_plane_geo(int, int, int, int) {}   // aircraft drawing: later step
 void set_up_runway_geo(int, int) {}   // runway polygons: terrain-mesh step
 void set_up_runway_lit(int, int) {}   // runway lights: terrain-mesh step

@@ -14,6 +14,9 @@ struct ren_struct {
 	float shad_x1, shad_z1, shad_dspm, shad_dtpm;
 	int shadow_final_tex;
 	int ground_is_vis;          // the terrain is drawn, so the block's files are read
+	float current_alpha;        // everything drawn is this opaque, normally 1
+	int night_vision_on;        // all colours turn green
+	float ins_brt, hud_brt;     // instrument and HUD light brightness, 0..1
 	int view_type_act;          // the view shown, 1500 the forward panel
 	int cockpit_lite_on;        // the lit forward panel replaces the day one
 	int view_bmp_avail[9];      // the aircraft brings its own panel bitmap of that index

@@ -1,51 +1,138 @@
 // pngmake: writes an RGBA PNG from a readable drawing description, so that no binary
 // image is kept in the repository.
-//   size W H           the image, at most 4096 x 4096
-//   fill R G B A       the whole image
+//   size W H               the image, at most 4096 x 4096
+//   fill R G B A           the whole image
 //   rect X Y W H R G B A   a rectangle, X and Y from the top left
+//   swatch X Y R G B       an opaque 8 x 8 square round X, Y counted from the bottom left,
+//                          where the reader samples a colour
+//   glyphs CHARSET FONT PX the characters of a charset rendered white, coverage as alpha, into
+//                          its cells, each within its advance less a column, baseline 2 above
+//                          the cell's foot
+//   gamma G                a gAMA chunk: 0.45455 keeps the colours as written
 // Blank lines and lines starting with '#' are skipped.
+#include "render/glyph_tables.h"
+#include <ft2build.h>
+#include FT_FREETYPE_H
 #include <png.h>
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
 
+namespace {
+
+int w = 0, h = 0;
+std::vector<unsigned char> px;
+
+void put(int x, int y, const int c[4])   // y from the top
+{
+	if (x < 0 || y < 0 || x >= w || y >= h) return;
+	for (int k = 0; k < 4; k++) px[(size_t)(y * w + x) * 4 + k] = (unsigned char)c[k];
+}
+
+// Every character the charset has, rendered into its cell; the widest squeezed to its advance.
+bool glyphs(int charset, const std::string& font, int pixels, std::string* error)
+{
+	const charset_spec* cs = charset_of(charset);
+	if (!cs || charset == 103) { *error = "glyphs are drawn for charsets 100 to 102"; return false; }
+	FT_Library lib;
+	FT_Face face;
+	if (FT_Init_FreeType(&lib)) { *error = "FreeType did not start"; return false; }
+	if (FT_New_Face(lib, font.c_str(), 0, &face) || FT_Set_Pixel_Sizes(face, 0, (FT_UInt)pixels)) {
+		*error = "cannot open the font " + font;
+		FT_Done_FreeType(lib);
+		return false;
+	}
+	for (int c = 33; c < 127; c++) {
+		const int index = glyph_index((unsigned char)c);
+		if (index < 0) continue;
+		// A column of the advance stays clear, so that neighbours never touch.
+		const int fit = std::max(1, (cs->pitch ? std::min(cs->pitch, cs->ds) : std::min(glyph_advance((unsigned char)c), cs->ds + 1)) - 1);
+		const int cell_s = cs->s0 + index % cs->per_row * cs->ds, cell_t = cs->t0 + index / cs->per_row * cs->dt;
+		FT_Matrix squeeze = {0x10000, 0, 0, 0x10000};
+		for (int pass = 0; pass < 2; pass++) {
+			FT_Set_Transform(face, &squeeze, nullptr);
+			if (FT_Load_Char(face, (FT_ULong)c, FT_LOAD_RENDER | FT_LOAD_TARGET_LIGHT)) break;
+			const FT_GlyphSlot g = face->glyph;
+			const int width = (int)g->bitmap.width;
+			if (pass == 0 && (g->bitmap_left < 0 || g->bitmap_left + width > fit) && width > 0) {
+				const double room = std::max(1.0, (double)fit - 0.5);
+				squeeze.xx = (FT_Fixed)(0x10000 * std::min(1.0, room / (g->bitmap_left > 0 ? g->bitmap_left + width : width)));
+				continue;
+			}
+			const int left = std::clamp(g->bitmap_left, 0, std::max(0, fit - width));
+			for (unsigned r = 0; r < g->bitmap.rows; r++)
+				for (int col = 0; col < width; col++) {
+					const int s = left + col, t = 2 + g->bitmap_top - 1 - (int)r;   // within the cell, up from its foot
+					if (s < 0 || s >= fit || t < 0 || t >= cs->dt) continue;
+					const int a = g->bitmap.buffer[r * g->bitmap.pitch + col];
+					const int rgba[4] = {255, 255, 255, a};
+					put(cell_s + s, h - 1 - (cell_t + t), rgba);
+				}
+			break;
+		}
+	}
+	FT_Done_Face(face);
+	FT_Done_FreeType(lib);
+	return true;
+}
+
+}  // namespace
+
 int main(int argc, char** argv)
 {
 	if (argc != 3) { std::fprintf(stderr, "usage: pngmake SOURCE.txt OUT.png\n"); return 2; }
 	std::ifstream in(argv[1]);
 	if (!in) { std::fprintf(stderr, "pngmake: cannot read %s\n", argv[1]); return 1; }
-	int w = 0, h = 0, line_no = 0;
-	std::vector<unsigned char> px;
+	int line_no = 0;
+	double gamma = 0.0;
 	std::string line;
-	auto put = [&](int x, int y, const int c[4]) {
-		if (x < 0 || y < 0 || x >= w || y >= h) return;
-		for (int k = 0; k < 4; k++) px[(size_t)(y * w + x) * 4 + k] = (unsigned char)c[k];
-	};
 	while (std::getline(in, line)) {
 		line_no++;
 		std::istringstream ss(line);
 		std::string op;
 		if (!(ss >> op) || op[0] == '#') continue;
+		auto bad = [&](const char* why) {
+			std::fprintf(stderr, "pngmake: %s:%d: %s: \"%s\"\n", argv[1], line_no, why, line.c_str());
+			return 1;
+		};
+		if (op != "size" && w == 0) return bad("no size yet");
+		if (op == "gamma") {
+			if (!(ss >> gamma) || gamma <= 0.0 || gamma > 10.0) return bad("bad gamma");
+			continue;
+		}
+		if (op == "glyphs") {
+			int charset = 0, pixels = 0;
+			std::string font, error;
+			if (!(ss >> charset >> font >> pixels) || pixels < 4 || pixels > 64) return bad("cannot read");
+			if (!glyphs(charset, font, pixels, &error)) return bad(error.c_str());
+			continue;
+		}
 		int v[8] = {};
-		int want = op == "size" ? 2 : op == "fill" ? 4 : op == "rect" ? 8 : -1;
+		const int want = op == "size" ? 2 : op == "fill" ? 4 : op == "rect" ? 8 : op == "swatch" ? 5 : -1;
 		int got = 0;
 		while (got < want && ss >> v[got]) got++;
-		if (want < 0 || got != want || (op != "size" && w == 0)) {
-			std::fprintf(stderr, "pngmake: %s:%d: cannot read \"%s\"\n", argv[1], line_no, line.c_str());
-			return 1;
-		}
-		for (int k = (op == "size" ? 0 : want - 4); k < want && op != "size"; k++)
-			if (v[k] < 0 || v[k] > 255) { std::fprintf(stderr, "pngmake: %s:%d: colour out of 0..255\n", argv[1], line_no); return 1; }
+		if (want < 0 || got != want) return bad("cannot read");
+		const int first_colour = op == "size" ? want : op == "swatch" ? 2 : want - 4;
+		for (int k = first_colour; k < want; k++)
+			if (v[k] < 0 || v[k] > 255) return bad("colour out of 0..255");
 		if (op == "size") {
-			if (v[0] < 1 || v[1] < 1 || v[0] > 4096 || v[1] > 4096) { std::fprintf(stderr, "pngmake: %s:%d: bad size\n", argv[1], line_no); return 1; }
-			w = v[0]; h = v[1];
+			if (v[0] < 1 || v[1] < 1 || v[0] > 4096 || v[1] > 4096) return bad("bad size");
+			w = v[0];
+			h = v[1];
 			px.assign((size_t)w * h * 4, 0);
 		} else if (op == "fill") {
-			for (int y = 0; y < h; y++) for (int x = 0; x < w; x++) put(x, y, v);
+			for (int y = 0; y < h; y++)
+				for (int x = 0; x < w; x++) put(x, y, v);
+		} else if (op == "rect") {
+			for (int y = v[1]; y < v[1] + v[3]; y++)
+				for (int x = v[0]; x < v[0] + v[2]; x++) put(x, y, v + 4);
 		} else {
-			for (int y = v[1]; y < v[1] + v[3]; y++) for (int x = v[0]; x < v[0] + v[2]; x++) put(x, y, v + 4);
+			const int c[4] = {v[2], v[3], v[4], 255};
+			for (int y = v[1] - 4; y < v[1] + 4; y++)
+				for (int x = v[0] - 4; x < v[0] + 4; x++) put(x, h - 1 - y, c);
 		}
 	}
 	if (!w) { std::fprintf(stderr, "pngmake: %s: no size\n", argv[1]); return 1; }
@@ -56,10 +143,10 @@ int main(int argc, char** argv)
 	if (setjmp(png_jmpbuf(png))) { std::fclose(out); return 1; }
 	png_init_io(png, out);
 	png_set_IHDR(png, info, w, h, 8, PNG_COLOR_TYPE_RGBA, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+	if (gamma > 0.0) png_set_gAMA(png, info, gamma);
 	png_write_info(png, info);
 	for (int y = 0; y < h; y++) png_write_row(png, &px[(size_t)y * w * 4]);
 	png_write_end(png, nullptr);
 	png_destroy_write_struct(&png, &info);
-	std::fclose(out);
-	return 0;
+	return std::fclose(out) == 0 ? 0 : 1;
 }

@@ -6,6 +6,7 @@
 #include "flight/HL_FLIGHT.h"
 #include "platform/plat.h"
 #include "plugin/HL_PLUGIN.h"
+#include "render/ogl.h"
 
 static int have_created_ibm_win = 0;
 
@@ -51,6 +52,7 @@ void IBM_handlewin(int msg, int wparam, int lparam)
 		if (NBPMouseClickHook(mnw.mx, mnw.my, 0)) mnw.mouse_lifted = 1;
 		break;
 	case msg_mousewheel: mnw.mouse_wheel += wparam / 120; break;
+	case msg_size: OGL_set_panel_space(wparam, lparam); break;   // the panel space follows the window
 	default: break;
 	}
 }

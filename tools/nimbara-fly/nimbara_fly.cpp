@@ -90,6 +90,15 @@ static const char* help_text =
 	"      the driver holds it, RGBA, upright; --bmp level 0 as a 24-bit BMP. With --over,\n"
 	"      FILE is a panel background and each LAYER is laid over it; --bmp then writes the\n"
 	"      composed 1024 x 1024 panel. Needs a display (an X server, or xvfb-run).\n"
+	"  nimbara-fly draw --size WxH --script FILE --png OUT [--tree DIR]\n"
+	"      Clears a window of that size to black and runs FILE's drawing calls, one a line,\n"
+	"      each by its own name with its arguments in order ('OGL_string 0 10 700 \"Hello\"\n"
+	"      9999 100', 'OGL_number 2 10 600 -12.5 4 1 101', 'OGL_fillrect 13 1 100 100 50 50';\n"
+	"      also OGL_framerect, OGL_line, OGL_framecircle, OGL_grayrect, gray_string, OGL_2dquad,\n"
+	"      OGL_scissors, OGL_scissors_end), plus 'set night_vision N', 'set manual_lighting R G\n"
+	"      B', 'set current_alpha A' and 'set win X Y'; '#' starts a comment. Coordinates are\n"
+	"      the 1024 x 768 panel's, placed in the window as the simulator places them. Writes\n"
+	"      the window as PNG. A bad line is an error naming its line.\n"
 	"  nimbara-fly --help\n";
 
 static int parse_float(const char* s, float* v)
@@ -145,6 +154,6 @@ static int atmos(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}, {"nav", fly_nav}, {"terrain", fly_terrain}, {"block", fly_block}, {"tex", fly_tex}};
-	return tool_main("nimbara-fly", help_text, cmds, 6, argc, argv);
+	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}, {"nav", fly_nav}, {"terrain", fly_terrain}, {"block", fly_block}, {"tex", fly_tex}, {"draw", fly_draw}};
+	return tool_main("nimbara-fly", help_text, cmds, 7, argc, argv);
 }

@@ -26,8 +26,16 @@ int parse_int(const char* s, int lo, int hi, int* v)
 	return 1;
 }
 
+std::string folder_of(const std::string& path)
+{
+	const size_t slash = path.find_last_of('/');
+	return slash == std::string::npos ? "./" : path.substr(0, slash + 1);
+}
+
+}  // namespace
+
 // RGBA rows, the first written at the top of the picture.
-int write_png(const char* path, const unsigned char* rgba, int w, int h, bool bottom_up)
+int fly_write_png(const char* path, const unsigned char* rgba, int w, int h, bool bottom_up)
 {
 	std::FILE* f = std::fopen(path, "wb");
 	if (!f) return 0;
@@ -47,14 +55,6 @@ int write_png(const char* path, const unsigned char* rgba, int w, int h, bool bo
 	png_destroy_write_struct(&png, &info);
 	return std::fclose(f) == 0;
 }
-
-std::string folder_of(const std::string& path)
-{
-	const size_t slash = path.find_last_of('/');
-	return slash == std::string::npos ? "./" : path.substr(0, slash + 1);
-}
-
-}  // namespace
 
 int fly_tex(int argc, char** argv)
 {
@@ -118,7 +118,7 @@ int fly_tex(int argc, char** argv)
 		} else {
 			glPixelStorei(GL_PACK_ALIGNMENT, 1);
 			glGetTexImage(GL_TEXTURE_2D, level, GL_RGBA, GL_UNSIGNED_BYTE, scratch_array_temp);
-			if (!write_png(png_out.c_str(), scratch_array_temp, w, h, true)) { std::fprintf(stderr, "nimbara-fly: cannot write %s\n", png_out.c_str()); status = 1; }
+			if (!fly_write_png(png_out.c_str(), scratch_array_temp, w, h, true)) { std::fprintf(stderr, "nimbara-fly: cannot write %s\n", png_out.c_str()); status = 1; }
 		}
 	}
 	if (!bmp_out.empty()) {
