@@ -76,6 +76,21 @@ bool glyphs(int charset, const std::string& font, int pixels, std::string* error
 	}
 	FT_Done_Face(face);
 	FT_Done_FreeType(lib);
+	// At this size a hinted 'l' can come out as 'I'; as hand-tuned bitmap fonts do, the 'l'
+	// then rises a pixel above the capitals.
+	auto cell_top = [&](unsigned char c) { return h - 1 - (cs->t0 + glyph_index(c) / cs->per_row * cs->dt) - (cs->dt - 1); };
+	auto inked_from_top = [&](unsigned char c) {   // rows down from the cell's top to its first inked row
+		const int left = cs->s0 + glyph_index(c) % cs->per_row * cs->ds;
+		for (int y = 0; y < cs->dt; y++)
+			for (int x = left; x < left + cs->ds; x++)
+				if (px[((size_t)(cell_top(c) + y) * w + x) * 4 + 3] > 64) return y;
+		return -1;
+	};
+	const int rel_i = inked_from_top('I'), rel_l = inked_from_top('l');
+	if (rel_l > 0 && rel_i >= 0 && rel_l >= rel_i) {
+		unsigned char* row = &px[((size_t)(cell_top('l') + rel_l) * w + cs->s0 + glyph_index('l') % cs->per_row * cs->ds) * 4];
+		std::copy(row, row + cs->ds * 4, row - (size_t)w * 4);   // its top row once more, above
+	}
 	return true;
 }
 

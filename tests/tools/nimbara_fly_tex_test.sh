@@ -46,4 +46,13 @@ grep -q "PING-FILE ERROR!" "$dir/err" || fail "no alert for the cut PNG: $(cat "
 # No display at all: said, and a failure.
 if env -u DISPLAY "$fly" tex "$dir/pic.png" --id 500 > /dev/null 2> "$dir/err"; then fail "ran without a display"; fi
 grep -qi "display" "$dir/err" || fail "did not say there is no display: $(cat "$dir/err")"
-echo "nimbara-fly tex: sizes, texels, mip levels, a panel, a cut file and no display"
+# draw: a white square where the panel space puts it, read back through tex and --bmp.
+printf '# a square\nOGL_fillrect 0 1 100 100 50 50\nOGL_string 0 10 700 "Hello" 9999 100\n' > "$dir/draw.txt"
+"$fly" draw --size 1024x768 --script "$dir/draw.txt" --png "$dir/draw.png" 2> "$dir/err" || fail "draw: $(cat "$dir/err")"
+"$fly" tex "$dir/draw.png" --id 500 --bmp "$dir/draw.bmp" > /dev/null 2>&1 || fail "reading the drawing back"
+[ "$(bmp_px "$dir/draw.bmp" 1024 125 125)" = "255 255 255" ] || fail "the square: $(bmp_px "$dir/draw.bmp" 1024 125 125)"
+[ "$(bmp_px "$dir/draw.bmp" 1024 200 125)" = "0 0 0" ] || fail "beside the square: $(bmp_px "$dir/draw.bmp" 1024 200 125)"
+printf 'OGL_fillrect 0 1 1 1 1 1\nOGL_fillrect 0 1 nope 1 1 1\n' > "$dir/bad.txt"
+if "$fly" draw --size 64x64 --script "$dir/bad.txt" --png "$dir/bad.png" 2> "$dir/err"; then fail "a bad line was taken"; fi
+grep -q "bad.txt:2:" "$dir/err" || fail "the error does not name line 2: $(cat "$dir/err")"
+echo "nimbara-fly tex and draw: sizes, texels, mip levels, a panel, a drawing, bad input and no display"
