@@ -51,6 +51,7 @@ struct mnw_struct {
 	int use_sys_time;
 	float sys_offset_hours;
 	int locl_date_jan1;
+	int locl_year;   // the calendar year of that date
 	float pulse_alpha;
 
 	// Timer flags: set for the one pass in which their period comes round.

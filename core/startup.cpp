@@ -19,6 +19,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <exception>
 
 int g_done = 0;
@@ -184,6 +185,11 @@ void init_gen()
 	set_planet_specs(0);
 	init_weather_defaults();
 	mnw.locl_date_jan1 = 90;
+	{
+		const std::time_t now = std::time(nullptr);
+		const std::tm* t = std::localtime(&now);
+		mnw.locl_year = t ? t->tm_year + 1900 : 2000;   // the sky of this year's calendar
+	}
 	mnw.locl_time = 10.0f * 3600.0f;
 	mnw.zulu_time = mnw.locl_time + 8.0f * 3600.0f;
 	mnw.assigned[2] = mnw.assigned[1] = mnw.assigned[4] = 1;   // roll, pitch, throttle

@@ -17,6 +17,10 @@ struct ren_struct {
 	float current_alpha;        // everything drawn is this opaque, normally 1
 	int night_vision_on;        // all colours turn green
 	float ins_brt, hud_brt;     // instrument and HUD light brightness, 0..1
+	// The light of each weather set by time pixel (0 clean, 1 misty, 2 foggy, 3 high, 4 overcast).
+	float raw_sun_amb[5][512][3], raw_sun_dir[5][512][3], raw_sun_rgb[5][512][3], raw_mon_rgb[5][512][3];
+	float raw_wat_rgb[5][512][3], raw_cld_drk[5][512][3], raw_cld_lgt[5][512][3];
+	float lgt_amb[3], lgt_dir[3];   // the light of the moment
 	int view_type_act;          // the view shown, 1500 the forward panel
 	int cockpit_lite_on;        // the lit forward panel replaces the day one
 	int view_bmp_avail[9];      // the aircraft brings its own panel bitmap of that index

@@ -9,12 +9,17 @@
 //                          its cells, each within its advance less a column, baseline 2 above
 //                          the cell's foot
 //   gamma G                a gAMA chunk: 0.45455 keeps the colours as written
+//   timestrip X W E R G B [E R G B]...
+//                          columns X to X+W-1 of a light strip: row t from the bottom is the
+//                          time pixel whose sun elevation is E (-10 at the left end, 6 at the
+//                          middle, mirrored after noon); colours between the stops blend
 // Blank lines and lines starting with '#' are skipped.
 #include "render/glyph_tables.h"
 #include <ft2build.h>
 #include FT_FREETYPE_H
 #include <png.h>
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <fstream>
 #include <sstream>
@@ -123,6 +128,34 @@ int main(int argc, char** argv)
 			std::string font, error;
 			if (!(ss >> charset >> font >> pixels) || pixels < 4 || pixels > 64) return bad("cannot read");
 			if (!glyphs(charset, font, pixels, &error)) return bad(error.c_str());
+			continue;
+		}
+		if (op == "timestrip") {
+			int x0 = 0, width = 0;
+			std::vector<double> stops;
+			double d;
+			if (!(ss >> x0 >> width)) return bad("cannot read");
+			while (ss >> d) stops.push_back(d);
+			if (stops.empty() || stops.size() % 4 != 0) return bad("stops are E R G B");
+			for (size_t k = 4; k < stops.size(); k += 4)
+				if (stops[k] <= stops[k - 4]) return bad("stops must rise in elevation");
+			for (int t = 0; t < h; t++) {
+				const double half = h / 2.0, e = t < half ? t / (half / 16.0) - 10.0 : (h - 1 - t) / (half / 16.0) - 10.0;
+				size_t k = 0;
+				while (k + 4 < stops.size() && stops[k + 4] <= e) k += 4;
+				double c[3];
+				for (int i = 0; i < 3; i++) {
+					if (e <= stops[0]) c[i] = stops[1 + i];
+					else if (k + 4 >= stops.size()) c[i] = stops[k + 1 + i];
+					else {
+						const double u = (e - stops[k]) / (stops[k + 4] - stops[k]);
+						c[i] = stops[k + 1 + i] + (stops[k + 5 + i] - stops[k + 1 + i]) * u;
+					}
+				}
+				const int rgba[4] = {(int)std::lround(std::clamp(c[0], 0.0, 255.0)), (int)std::lround(std::clamp(c[1], 0.0, 255.0)),
+				                     (int)std::lround(std::clamp(c[2], 0.0, 255.0)), 255};
+				for (int x = x0; x < x0 + width; x++) put(x, h - 1 - t, rgba);
+			}
 			continue;
 		}
 		int v[8] = {};

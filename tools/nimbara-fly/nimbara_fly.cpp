@@ -99,6 +99,12 @@ static const char* help_text =
 	"      B', 'set current_alpha A' and 'set win X Y'; '#' starts a comment. Coordinates are\n"
 	"      the 1024 x 768 panel's, placed in the window as the simulator places them. Writes\n"
 	"      the window as PNG. A bad line is an error naming its line.\n"
+	"  nimbara-fly sky --lat D --lon D [--alt-ft H] --date YYYY-MM-DD --time-utc HH:MM[,...]\n"
+	"                  [--heading D] [--tree DIR]\n"
+	"      Where the sun and moon stand and the light of clear air, as the frame works them\n"
+	"      out: a header, then per time 'utc sun_elev sun_azi moon_elev moon_azi moon_phase\n"
+	"      amb_r amb_g amb_b dir_r dir_g dir_b' (degrees, azimuth clockwise from true north;\n"
+	"      phase 0 new, 0.5 full; light 0..1). No display needed.\n"
 	"  nimbara-fly --help\n";
 
 static int parse_float(const char* s, float* v)
@@ -154,6 +160,6 @@ static int atmos(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}, {"nav", fly_nav}, {"terrain", fly_terrain}, {"block", fly_block}, {"tex", fly_tex}, {"draw", fly_draw}};
-	return tool_main("nimbara-fly", help_text, cmds, 7, argc, argv);
+	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}, {"nav", fly_nav}, {"terrain", fly_terrain}, {"block", fly_block}, {"tex", fly_tex}, {"draw", fly_draw}, {"sky", fly_sky}};
+	return tool_main("nimbara-fly", help_text, cmds, 8, argc, argv);
 }
