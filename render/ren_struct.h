@@ -21,6 +21,9 @@ struct ren_struct {
 	float raw_sun_amb[5][512][3], raw_sun_dir[5][512][3], raw_sun_rgb[5][512][3], raw_mon_rgb[5][512][3];
 	float raw_wat_rgb[5][512][3], raw_cld_drk[5][512][3], raw_cld_lgt[5][512][3];
 	float lgt_amb[3], lgt_dir[3];   // the light of the moment
+	unsigned char raw_sky_256[5][16][64][16][3];   // sky colours: [set][time frame][azimuth column][elevation row][rgb]
+	unsigned char sky_256[16][64][3];              // the sky of the moment, [row][column][rgb]
+	float fog_rgb[4];
 	int view_type_act;          // the view shown, 1500 the forward panel
 	int cockpit_lite_on;        // the lit forward panel replaces the day one
 	int view_bmp_avail[9];      // the aircraft brings its own panel bitmap of that index

@@ -3,6 +3,7 @@
 #include "render/textures.h"
 #include "core/HL_MAIN.h"
 #include "core/HL_TYPES.h"
+#include <cmath>
 #include <algorithm>
 #include <string>
 
@@ -30,6 +31,16 @@ int load_sky_colours(int planet)
 	                             ren.raw_cld_lgt};
 	int all = 1;
 	for (int s = 0; s < 5; s++) {
+		const std::string sky = bmp_path + (planet == 1 ? "skycolors:Mars:sky_colors_" : "skycolors:Earth:sky_colors_") +
+		                        (planet == 1 ? mars[s] : earth[s]) + ".bmp";
+		if (!OGL_texbmp(tex_panel_base, 481, filt_key_magenta, sky) || ren.tex_dy_vis[481] < 256 || ren.tex_dx_vis[481] < 64) {
+			all = 0;
+		} else {
+			for (int f = 0; f < 16; f++)   // row f * 16 + j from the bottom, column i
+				for (int j = 0; j < 16; j++)
+					for (int i = 0; i < 64; i++)
+						for (int c = 0; c < 3; c++) ren.raw_sky_256[s][f][i][j][c] = scratch_array[((size_t)(f * 16 + j) * 1024 + i) * 4 + c];
+		}
 		const std::string path = bmp_path + (planet == 1 ? "skycolors:Mars:light_colors_" : "skycolors:Earth:light_colors_") +
 		                         (planet == 1 ? mars[s] : earth[s]) + ".bmp";
 		if (!OGL_texbmp(tex_panel_base, 481, filt_key_magenta, path) || ren.tex_dy_vis[481] < 512 || ren.tex_dx_vis[481] < 39) {
@@ -74,5 +85,58 @@ void blend_light(const float weights[5], float sun_the, bool before_noon, float 
 		}
 		amb[c] = std::clamp(a, 0.0f, 1.0f);
 		dir[c] = std::clamp(d, 0.0f, 1.0f);
+	}
+}
+
+void weather_set_weights(float view_sig_earth_rat, float vis_sky_m, float view_ele, float weights[5])
+{
+	const float nm = vis_sky_m / 1852.0f;
+	const float h = std::clamp((0.5f - view_sig_earth_rat) / 0.25f, 0.0f, 1.0f);
+	const float f = std::clamp((10.0f - nm) / 5.0f, 0.0f, 1.0f);
+	float m = 0.0f, o = 0.0f;
+	for (int l = 0; l < 2; l++) {
+		const float base = atm.base_h_MSL[l], tops = atm.tops_h_MSL[l];
+		if (atm.cld_type[l] == 2 && tops > base)   // in or under a misty layer
+			m = std::clamp((tops + 100.0f - view_ele) / std::max(tops + 100.0f - (base - 100.0f), 1.0f), 0.0f, 1.0f);
+		if (atm.cld_type[l] == 5 && tops > base)   // under a deck, or down from its tops
+			o = std::max(o, std::clamp((tops + 182.88f - view_ele) / 182.88f, 0.0f, 1.0f));
+	}
+	weights[4] = o;
+	weights[2] = (1 - o) * f;
+	weights[1] = (1 - o) * (1 - f) * m;
+	weights[3] = (1 - o) * (1 - f) * (1 - m) * h;
+	weights[0] = (1 - o) * (1 - f) * (1 - m) * (1 - h);
+}
+
+void compute_sky_256(const float weights[5], float sun_the, bool before_noon, float vis_sky_m, float sig_rat_top, float sig_rat_bot,
+                     float del_psi)
+{
+	int f1, f2;
+	float r1, r2;
+	get_time_frames(&f1, &f2, &r1, &r2, sun_the, before_noon);
+	f2 = std::min(f2, 15);
+	// The fog: the horizon row of the two columns round the view.
+	const float col = std::fmod(std::fmod(del_psi, 360.0f) / 360.0f + 0.5f + 2.0f, 1.0f) * 64.0f;
+	const int c1 = (int)col % 64, c2 = (c1 + 1) % 64;
+	const float u = col - std::floor(col);
+	for (int c = 0; c < 3; c++) {
+		float v = 0.0f;
+		for (int s = 0; s < 5; s++)
+			v += weights[s] * (r1 * ((1 - u) * ren.raw_sky_256[s][f1][c1][0][c] + u * ren.raw_sky_256[s][f1][c2][0][c]) +
+			                   r2 * ((1 - u) * ren.raw_sky_256[s][f2][c1][0][c] + u * ren.raw_sky_256[s][f2][c2][0][c]));
+		ren.fog_rgb[c] = std::clamp(v / 255.0f, 0.0f, 1.0f);
+	}
+	ren.fog_rgb[3] = 1.0f;
+	const float socked = std::clamp((5.0f - vis_sky_m / 1852.0f) / 4.0f, 0.0f, 1.0f);   // 0 at 5 nm, 1 at 1 nm
+	for (int j = 0; j < 16; j++) {
+		const float dark = sig_rat_bot + (sig_rat_top - sig_rat_bot) * j / 15.0f;
+		for (int i = 0; i < 64; i++)
+			for (int c = 0; c < 3; c++) {
+				float v = 0.0f;
+				for (int s = 0; s < 5; s++)
+					v += weights[s] * (r1 * ren.raw_sky_256[s][f1][i][j][c] + r2 * ren.raw_sky_256[s][f2][i][j][c]);
+				v = (v * (1.0f - socked) + ren.fog_rgb[c] * socked * 255.0f) * dark;
+				ren.sky_256[j][i][c] = (unsigned char)std::clamp(v, 0.0f, 255.0f);
+			}
 	}
 }

@@ -13,6 +13,12 @@
 //                          columns X to X+W-1 of a light strip: row t from the bottom is the
 //                          time pixel whose sun elevation is E (-10 at the left end, 6 at the
 //                          middle, mirrored after noon); colours between the stops blend
+//   skyzenith E R G B [E R G B]...   the sky overhead by the sun's elevation E
+//   skyhorizon E R G B [...]         the sky at the horizon
+//   skyglow W E R G B [...]          light round the sun, fading over W degrees from it
+//   skydraw                          the 64 x 256 sky table from those: 16 frames of 16
+//                          rows (2 degrees each, the horizon first) by 64 azimuth columns, the
+//                          sun's in the middle; frames by sun elevation as the time pixels
 // Blank lines and lines starting with '#' are skipped.
 #include "render/glyph_tables.h"
 #include <ft2build.h>
@@ -35,6 +41,20 @@ void put(int x, int y, const int c[4])   // y from the top
 {
 	if (x < 0 || y < 0 || x >= w || y >= h) return;
 	for (int k = 0; k < 4; k++) px[(size_t)(y * w + x) * 4 + k] = (unsigned char)c[k];
+}
+
+std::vector<double> sky_zenith, sky_horizon, sky_glow;
+double glow_width = 20.0;
+
+// Colour stops E R G B, rising in E: the colour at e, held beyond the ends.
+void blend_stops(const std::vector<double>& st, double e, double c[3])
+{
+	size_t k = 0;
+	while (k + 4 < st.size() && st[k + 4] <= e) k += 4;
+	for (int i = 0; i < 3; i++) {
+		if (e <= st[0] || k + 4 >= st.size()) c[i] = st[(e <= st[0] ? 0 : k) + 1 + i];
+		else c[i] = st[k + 1 + i] + (st[k + 5 + i] - st[k + 1 + i]) * (e - st[k]) / (st[k + 4] - st[k]);
+	}
 }
 
 // Every character the charset has, rendered into its cell; the widest squeezed to its advance.
@@ -128,6 +148,35 @@ int main(int argc, char** argv)
 			std::string font, error;
 			if (!(ss >> charset >> font >> pixels) || pixels < 4 || pixels > 64) return bad("cannot read");
 			if (!glyphs(charset, font, pixels, &error)) return bad(error.c_str());
+			continue;
+		}
+		if (op == "skyzenith" || op == "skyhorizon" || op == "skyglow") {
+			std::vector<double>& st = op == "skyzenith" ? sky_zenith : op == "skyhorizon" ? sky_horizon : sky_glow;
+			st.clear();
+			if (op == "skyglow" && !(ss >> glow_width && glow_width > 0.0)) return bad("a glow needs its width");
+			for (double d; ss >> d;) st.push_back(d);
+			if (st.empty() || st.size() % 4 != 0) return bad("stops are E R G B");
+			continue;
+		}
+		if (op == "skydraw") {
+			if (w != 64 || h != 256 || sky_zenith.empty() || sky_horizon.empty() || sky_glow.empty()) return bad("skydraw needs size 64 256 and all three");
+			for (int f = 0; f < 16; f++) {
+				const double sun = f < 8 ? (f + 0.5) / 0.499374986 - 10.0 : 6.0 - (f + 0.5 - 7.0) / 0.499374986;
+				double zen[3], hor[3], glow[3];
+				blend_stops(sky_zenith, sun, zen);
+				blend_stops(sky_horizon, sun, hor);
+				blend_stops(sky_glow, sun, glow);
+				for (int j = 0; j < 16; j++)
+					for (int i = 0; i < 64; i++) {
+						const double up = j * 2.0 * M_PI / 180.0, az = ((i + 0.5) / 64.0 - 0.5) * 2.0 * M_PI, se = sun * M_PI / 180.0;
+						const double cos_apart = std::sin(up) * std::sin(se) + std::cos(up) * std::cos(se) * std::cos(az);
+						const double apart = std::acos(std::clamp(cos_apart, -1.0, 1.0)) * 180.0 / M_PI;
+						const double k = std::sqrt(j / 15.0), g = std::exp(-apart / glow_width) * (1.0 - 0.5 * j / 15.0);
+						int rgba[4] = {0, 0, 0, 255};
+						for (int c = 0; c < 3; c++) rgba[c] = (int)std::lround(std::clamp(hor[c] + (zen[c] - hor[c]) * k + glow[c] * g, 0.0, 255.0));
+						put(i, h - 1 - (f * 16 + j), rgba);
+					}
+			}
 			continue;
 		}
 		if (op == "timestrip") {

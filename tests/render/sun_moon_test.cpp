@@ -142,3 +142,45 @@ TEST(SkyColours, TheLightOfClearAirRisesWithTheSunFromNightToDay)
 	blend_light(clean, 30.0f, true, amb, high);
 	EXPECT_GT(low[0] / low[2], 1.5f * high[0] / high[2]);
 }
+
+// The sky table: bright and warm round a low sun, dark at night, thick weather grey,
+// socked in below a mile, and black toward space from the top down.
+TEST(SkyColours, TheSkyIsWarmRoundALowSunDarkAtNightAndBlackTowardSpace)
+{
+	zero_all_records();
+	bmp_path = std::string(NIMBARA_DATA_TREE) + "/Resources/bitmaps/";
+	ASSERT_EQ(load_sky_colours(0), 1);
+	float w[5];
+	weather_set_weights(1.0f, 50000.0f, 1000.0f, w);
+	EXPECT_FLOAT_EQ(w[0], 1.0f);
+	auto bright = [](int j, int i) { return ren.sky_256[j][i][0] + ren.sky_256[j][i][1] + ren.sky_256[j][i][2]; };
+	compute_sky_256(w, 2.0f, false, 50000.0f, 1.0f, 1.0f, 0.0f);   // a low evening sun
+	EXPECT_GT(bright(1, 32), bright(1, 0) + 60);                    // toward the sun, brighter
+	EXPECT_GT(ren.sky_256[1][32][0] - ren.sky_256[1][32][2], ren.sky_256[1][0][0] - ren.sky_256[1][0][2] + 20);   // and warmer
+	const int sunset_sky = bright(15, 0);
+	compute_sky_256(w, 40.0f, true, 50000.0f, 1.0f, 1.0f, 0.0f);   // midday: blue overhead
+	EXPECT_GT(ren.sky_256[15][0][2], ren.sky_256[15][0][0] + 60);
+	EXPECT_GT(bright(15, 0), sunset_sky);
+	EXPECT_GT(ren.fog_rgb[2], 0.5f);
+	compute_sky_256(w, -20.0f, true, 50000.0f, 1.0f, 1.0f, 0.0f);   // night
+	EXPECT_LT(bright(15, 0), 40);
+	compute_sky_256(w, 40.0f, true, 50000.0f, 0.0f, 1.0f, 0.0f);   // thin air: black overhead, the horizon still lit
+	EXPECT_EQ(bright(15, 10), 0);
+	EXPECT_GT(bright(0, 10), 200);
+	compute_sky_256(w, 40.0f, true, 1000.0f, 1.0f, 1.0f, 0.0f);   // socked in: the fog colour top to bottom
+	EXPECT_NEAR(ren.sky_256[15][5][0], ren.fog_rgb[0] * 255.0f, 1.5f);
+	EXPECT_NEAR(ren.sky_256[0][40][2], ren.fog_rgb[2] * 255.0f, 1.5f);
+	atm.cld_type[0] = 5;   // under an overcast deck
+	atm.base_h_MSL[0] = 2000.0f;
+	atm.tops_h_MSL[0] = 3000.0f;
+	weather_set_weights(1.0f, 50000.0f, 1000.0f, w);
+	EXPECT_FLOAT_EQ(w[4], 1.0f);
+	weather_set_weights(0.2f, 50000.0f, 12000.0f, w);   // far above it, in thin air
+	EXPECT_FLOAT_EQ(w[3], 1.0f);
+	weather_set_weights(1.0f, 3 * 1852.0f, 12000.0f, w);   // thick haze
+	EXPECT_FLOAT_EQ(w[2], 1.0f);
+	float sum = 0.0f;
+	weather_set_weights(0.4f, 8 * 1852.0f, 3100.0f, w);
+	for (float x : w) sum += x;
+	EXPECT_NEAR(sum, 1.0f, 1e-5f);
+}
