@@ -4,6 +4,7 @@
 int NBPGetNumberPlanesToHandle(int inMaxPossible, int inLoading);
 void NBPShutdownPlugins();
 int NBPKeyPressHook(int vk, int down);            // 0 drops the key
+int NBPDoDrawingHook(int phase);                 // 0 skips what that phase would draw
 int NBPMouseClickHook(int x, int y, int down);   // 0 drops the click
 void NBPUpdatePlaneNameAndPath(int p, const char* name, const char* path);
 void NBPEventHook(int event, float time, int a, int p, int b);

@@ -5,6 +5,7 @@
 int NBPGetNumberPlanesToHandle(int inMaxPossible, int) { return inMaxPossible; }
 void NBPShutdownPlugins() {}   // plug-in host: later step
 int NBPKeyPressHook(int, int) { return 1; }      // plug-in hooks: later step
+int NBPDoDrawingHook(int) { return 1; }
 int NBPMouseClickHook(int, int, int) { return 1; }
 void NBPUpdatePlaneNameAndPath(int, const char*, const char*) {}
 void NBPEventHook(int, float, int, int, int) {}

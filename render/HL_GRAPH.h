@@ -8,6 +8,11 @@ bool view_shows_panel(int view_type);  // the panel views, whose eye centre is t
 void set_up_runway_geo(int apt_wrl, int rwy_wrl);   // fills the runway's vec_rwy_geo entry
 void set_up_runway_lit(int apt_wrl, int rwy_wrl);
 void WORLD_scene_all_cases();
+void WORLD_scene_per_dome();
+void WORLD_scene_2d_overlay();
+void APPLICATION_cover_terrain();
+void APPLICATION_fill_sky();
+void APPLICATION_fill_screen();
 void OGL_plot_background();
 void OGL_sbuf();
 int build_a_carr();

@@ -3,12 +3,6 @@
 #include "platform/plat.h"
 #include <GL/gl.h>
 
-void WORLD_scene_all_cases()        // the frame: later step; until then a plain sky
-{
-	if (!plat_has_gl()) return;
-	glClearColor(0.45f, 0.62f, 0.85f, 1.0f);
-	glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-}
 int build_a_carr() { return 0; }    // ship display lists: later step
 int build_a_frig() { return 0; }
 int build_a_opla() { return 0; }

@@ -24,6 +24,18 @@ struct ren_struct {
 	unsigned char raw_sky_256[5][16][64][16][3];   // sky colours: [set][time frame][azimuth column][elevation row][rgb]
 	unsigned char sky_256[16][64][3];              // the sky of the moment, [row][column][rgb]
 	float fog_rgb[4];
+	int view_menu_TYPE, view_menu_ACTION;   // a view or view action asked for, -1 or 0 for none
+	int view_is_external;
+	float view_xyz[3];          // the eye, world metres
+	float view_ele;             // its height above sea level, metres
+	float basic_the, basic_psi, basic_phi;   // the body's or the look-at angles, degrees
+	float cock_the, cock_psi, cock_phi;      // the eye's turn within the cockpit, degrees
+	float off_lat_deg, off_vrt_deg, off_phi_deg, off_lat_rat, off_vrt_rat;
+	float final_the, final_psi, final_phi;   // where the picture's centre looks, world angles
+	float FOV;                  // horizontal field of view, degrees
+	float zoom_req, zoom_act, circ_dist;
+	float dome_rad;             // radius of the sky dome, metres
+	float deg_per_mtr_x, deg_per_mtr_z;
 	int view_type_act;          // the view shown, 1500 the forward panel
 	int cockpit_lite_on;        // the lit forward panel replaces the day one
 	int view_bmp_avail[9];      // the aircraft brings its own panel bitmap of that index

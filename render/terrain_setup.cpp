@@ -1,6 +1,7 @@
 // The block's ground set up for drawing: the vertex normals, relief exaggerated four
 // times in the lighting. The textures of each cell come with the terrain drawing.
 #include "render/HL_GRAPH.h"
+#include "render/sky_colours.h"
 #include "world/scenery.h"
 #include "core/HL_TYPES.h"
 #include <cmath>
@@ -29,6 +30,7 @@ static void set_terrain_normals()
 
 void init_world_rendering(int init_type)
 {
+	if (init_type == 0 || init_type == 3) load_sky_colours(env.planet);   // the planet's sky and light tables
 	if (init_type == 4) set_terrain_normals();
 	// the other phases, and phase 4's textures, come with the drawing steps
 }

@@ -105,6 +105,12 @@ static const char* help_text =
 	"      out: a header, then per time 'utc sun_elev sun_azi moon_elev moon_azi moon_phase\n"
 	"      amb_r amb_g amb_b dir_r dir_g dir_b' (degrees, azimuth clockwise from true north;\n"
 	"      phase 0 new, 0.5 full; light 0..1). No display needed.\n"
+	"  nimbara-fly view --lat D --lon D --alt-ft H [--heading D] [--pitch D] [--roll D] [--view CODE]\n"
+	"                  [--fov D] [--size WxH] [--date YYYY-MM-DD] [--time-utc HH:MM] [--vis-nm V]\n"
+	"                  --png OUT [--tree DIR]\n"
+	"      Starts as the simulator does, holds aircraft 0 at the place and attitude with the\n"
+	"      clock stopped, runs 30 frames of the real frame code offscreen and writes the last.\n"
+	"      View 1525 (forward, nothing), field of view 45, 1024x768 unless told. Needs a display.\n"
 	"  nimbara-fly --help\n";
 
 static int parse_float(const char* s, float* v)
@@ -160,6 +166,6 @@ static int atmos(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}, {"nav", fly_nav}, {"terrain", fly_terrain}, {"block", fly_block}, {"tex", fly_tex}, {"draw", fly_draw}, {"sky", fly_sky}};
-	return tool_main("nimbara-fly", help_text, cmds, 8, argc, argv);
+	static const tool_command cmds[] = {{"atmos", atmos}, {"run", fly_run}, {"nav", fly_nav}, {"terrain", fly_terrain}, {"block", fly_block}, {"tex", fly_tex}, {"draw", fly_draw}, {"sky", fly_sky}, {"view", fly_view}};
+	return tool_main("nimbara-fly", help_text, cmds, 9, argc, argv);
 }

@@ -8,6 +8,7 @@ int fly_block(int argc, char** argv);     // argv[0] is "block"
 int fly_tex(int argc, char** argv);       // argv[0] is "tex"
 int fly_draw(int argc, char** argv);      // argv[0] is "draw"
 int fly_sky(int argc, char** argv);       // argv[0] is "sky"
+int fly_view(int argc, char** argv);      // argv[0] is "view"
 // RGBA rows as a PNG; bottom_up: the first row is the picture's lowest. 1 when written.
 int fly_write_png(const char* path, const unsigned char* rgba, int w, int h, bool bottom_up);
 #include <string>

@@ -1,0 +1,109 @@
+// One picture in its fixed order: the camera, the sky round the eye replacing the last
+// frame's colour and depth, the light and fog, the world's three stages, then what lies
+// flat over it.
+#include "render/HL_GRAPH.h"
+#include "render/ogl.h"
+#include "render/sky_colours.h"
+#include "render/sky_dome.h"
+#include "render/sun_moon.h"
+#include "render/view.h"
+#include "core/HL_TYPES.h"
+#include "plugin/HL_PLUGIN.h"
+#include "platform/plat.h"
+#include "world/HL_WORLD.h"
+#include <GL/gl.h>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+float sig_rat_top = 1.0f, sig_rat_bot = 1.0f;
+
+// Sun, moon, the weather sets at the eye, the sky of the moment and the light.
+void sky_and_light()
+{
+	update_sun_moon();
+	const float rho = find_standard_rho(env.planet, ren.view_ele);
+	const float earth_rat = std::clamp(std::sqrt(std::max(rho, 0.0f) / 1.225f), 0.0f, 1.0f);
+	const float planet_rat = con.sl_r_met > 0.0f ? std::clamp(std::sqrt(std::max(rho, 0.0f) / con.sl_r_met), 0.0f, 1.0f) : earth_rat;
+	sig_rat_top = std::clamp(planet_rat / 0.35f, 0.0f, 1.0f);
+	sig_rat_bot = std::clamp(planet_rat / 0.15f, 0.0f, 1.0f);
+	float w[5];
+	const float vis_sky = atm.vis_sky > 0.0f ? atm.vis_sky : 46300.0f;
+	weather_set_weights(earth_rat, vis_sky, ren.view_ele, w);
+	const bool morning = hours < 12.0f;
+	compute_sky_256(w, lgt[0].the, morning, vis_sky, sig_rat_top, sig_rat_bot, ren.final_psi - lgt[0].psi);
+	blend_light(w, lgt[0].the, morning, ren.lgt_amb, ren.lgt_dir);
+}
+
+}  // namespace
+
+void APPLICATION_cover_terrain() {}   // airports, objects, fires, ships and cars: their drawing steps
+void APPLICATION_fill_sky() {}        // aircraft, weapons and the flight path: their drawing steps
+void APPLICATION_fill_screen() {}     // the see-through and effect layers: their drawing steps
+void WORLD_scene_2d_overlay() {}      // glasses, warnings, text and effects over the picture: a later step
+
+void WORLD_scene_per_dome()
+{
+	WORLD_view_per_frame();
+	ren.deg_per_mtr_x = 1.0f / std::max(con.planet_deg_mtrs * std::cos((float)flt[0].dob_lat * con.degtorad), 1.0f);
+	ren.deg_per_mtr_z = 1.0f / std::max(con.planet_deg_mtrs, 1.0f);
+	sky_and_light();
+	NBPDoDrawingHook(1);
+	const float vis = std::max(atm.vis_ground, atm.vis_sky);
+	const float far_dis = std::max(vis, 1852.0f);
+	const float near_dis = std::clamp((ren.view_ele - ren.local_y_vp) * 0.25f, 1.0f, 50.0f);
+	ren.dome_rad = std::max(1852.0f, far_dis * std::sqrt(3.0f));
+	OGL_viewport(3, mnw.x1_rat, mnw.y1_rat, mnw.x2_rat, mnw.y2_rat, mnw.x1_pix, mnw.y1_pix, mnw.x2_pix, mnw.y2_pix, near_dis,
+	             ren.dome_rad * 1.05f, ren.zoom_act);
+	glRotatef(ren.cock_the, -1.0f, 0.0f, 0.0f);
+	glRotatef(ren.cock_psi, 0.0f, 1.0f, 0.0f);
+	glRotatef(ren.cock_phi, 0.0f, 0.0f, 1.0f);
+	glRotatef(ren.basic_phi, 0.0f, 0.0f, 1.0f);
+	glRotatef(ren.basic_the, -1.0f, 0.0f, 0.0f);
+	glRotatef(ren.basic_psi, 0.0f, 1.0f, 0.0f);
+	// The sky takes both colour and depth: the frame needs no clearing.
+	glDepthFunc(GL_ALWAYS);
+	glDisable(GL_CULL_FACE);   // seen from inside, whichever way the strips wind
+	const float the_os = horizon_dip_deg(ren.view_ele, con.planet_rad);   // the sea's horizon, until the ground is drawn
+	draw_sky_dome(the_os, lgt[0].psi);
+	draw_horizon_band(the_os, sig_rat_bot);
+	glEnable(GL_CULL_FACE);
+	glDepthFunc(GL_LEQUAL);
+	const GLfloat amb[4] = {ren.lgt_amb[0], ren.lgt_amb[1], ren.lgt_amb[2], 1.0f}, dif[4] = {ren.lgt_dir[0], ren.lgt_dir[1], ren.lgt_dir[2], 1.0f};
+	glPushMatrix();   // the light from the sun's or moon's direction
+	const int k = lgt[0].the > -10.0f ? 0 : 1;
+	glRotatef(lgt[k].lat, 1.0f, 0.0f, 0.0f);
+	glRotatef(lgt[k].azi, 0.0f, 0.0f, 1.0f);
+	glRotatef(lgt[k].dec, 1.0f, 0.0f, 0.0f);
+	const GLfloat up[4] = {0.0f, 1.0f, 0.0f, 0.0f};
+	glLightfv(GL_LIGHT0, GL_POSITION, up);
+	glPopMatrix();
+	glLightfv(GL_LIGHT0, GL_AMBIENT, amb);
+	glLightfv(GL_LIGHT0, GL_DIFFUSE, dif);
+	glFogfv(GL_FOG_COLOR, ren.fog_rgb);
+	glFogf(GL_FOG_START, far_dis * 0.1f);
+	glFogf(GL_FOG_END, far_dis);
+	glTranslatef(-ren.view_xyz[0], -ren.view_xyz[1], -ren.view_xyz[2]);
+	env.roughness = 0.0f;   // the drawing below tells the flight model what it stands on
+	env.rwy_wrl_over = -999;
+	env.surf_tex = 49;
+	env.over_carr = env.over_frig = env.over_obs = 0;
+	NBPDoDrawingHook(2);
+	NBPDoDrawingHook(3);
+	APPLICATION_cover_terrain();
+	APPLICATION_fill_sky();
+	APPLICATION_fill_screen();
+	NBPDoDrawingHook(12);
+	OGL_viewport(2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1.0f);
+	WORLD_scene_2d_overlay();
+}
+
+void WORLD_scene_all_cases()
+{
+	if (!plat_has_gl()) return;
+	WORLD_scene_per_dome();
+	r_manual_lighting = std::max(r_manual_lighting, 0.75f);   // windows stay readable at night
+	g_manual_lighting = std::max(g_manual_lighting, 0.75f);
+	b_manual_lighting = std::max(b_manual_lighting, 0.75f);
+}

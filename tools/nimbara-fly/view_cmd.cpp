@@ -1,0 +1,116 @@
+// nimbara-fly view: the simulator's picture from a place, attitude and time, through the
+// real start-up and frame code, offscreen; the last of 30 frames written as PNG.
+#include "tools/nimbara-fly/nimbara_fly.h"
+#include "aircraft/load_plane.h"
+#include "core/HL_CORE.h"
+#include "core/HL_MAIN.h"
+#include "core/HL_MATH_FUN.h"
+#include "core/HL_TYPES.h"
+#include "core/files.h"
+#include "flight/HL_FLIGHT.h"
+#include "platform/plat.h"
+#include "platform/plat_headless.h"
+#include "render/HL_GRAPH.h"
+#include "render/ogl.h"
+#include "world/HL_WORLD.h"
+#include <GL/gl.h>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace {
+
+bool parse(const char* s, double lo, double hi, double* v)
+{
+	char* end = nullptr;
+	*v = std::strtod(s, &end);
+	return *s && !*end && std::isfinite(*v) && *v >= lo && *v <= hi;
+}
+
+int day_of_year(int y, int m, int d)
+{
+	static const int before[12] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
+	const bool leap = (y % 4 == 0 && y % 100 != 0) || y % 400 == 0;
+	return before[m - 1] + d - 1 + (leap && m > 2 ? 1 : 0);
+}
+
+}  // namespace
+
+int fly_view(int argc, char** argv)
+{
+	double lat = NAN, lon = NAN, alt_ft = NAN, heading = 0, pitch = 0, roll = 0, view = 1525, fov = 45, vis_nm = 25;
+	int width = 1024, height = 768, year = 2026, month = 6, mday = 21, hh = 19, mm = 0;
+	std::string png_out, tree = fly_default_tree();
+	for (int k = 1; k < argc; k++) {
+		const std::string o = argv[k];
+		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
+		const char* val = argv[++k];
+		bool ok = true;
+		if (o == "--lat") ok = parse(val, -89.9, 89.9, &lat);
+		else if (o == "--lon") ok = parse(val, -180, 180, &lon);
+		else if (o == "--alt-ft") ok = parse(val, -1000, 3e6, &alt_ft);
+		else if (o == "--heading") ok = parse(val, -360, 360, &heading);
+		else if (o == "--pitch") ok = parse(val, -89.9, 89.9, &pitch);
+		else if (o == "--roll") ok = parse(val, -180, 180, &roll);
+		else if (o == "--view") ok = parse(val, 1500, 1539, &view);
+		else if (o == "--fov") ok = parse(val, 5, 170, &fov);
+		else if (o == "--vis-nm") ok = parse(val, 0.1, 200, &vis_nm);
+		else if (o == "--png") png_out = val;
+		else if (o == "--tree") tree = std::string(val) + "/";
+		else if (o == "--size") ok = std::sscanf(val, "%dx%d", &width, &height) == 2 && width >= 16 && height >= 16 && width <= 4096 && height <= 4096;
+		else if (o == "--date") ok = std::sscanf(val, "%d-%d-%d", &year, &month, &mday) == 3 && month >= 1 && month <= 12 && mday >= 1 && mday <= 31;
+		else if (o == "--time-utc") ok = std::sscanf(val, "%d:%d", &hh, &mm) == 2 && hh >= 0 && hh <= 23 && mm >= 0 && mm <= 59;
+		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
+		if (!ok) { std::fprintf(stderr, "nimbara-fly: bad value '%s' for %s\n", val, o.c_str()); return 2; }
+	}
+	if (std::isnan(lat) || std::isnan(lon) || std::isnan(alt_ft) || png_out.empty()) {
+		std::fprintf(stderr, "nimbara-fly: view needs --lat, --lon, --alt-ft and --png\n");
+		return 2;
+	}
+	if (tree.empty()) { std::fprintf(stderr, "nimbara-fly: no data tree\n"); return 1; }
+	if (!plat_offscreen_open(width, height)) { std::fprintf(stderr, "nimbara-fly: cannot draw: %s\n", plat_offscreen_error()); return 1; }
+	HEADLESS_setup(0.02, 0, tree.c_str());
+	init_sim();
+	OGL_set_panel_space(width, height);
+	str_to_buf(veh[0].path, ret_host_path(app_path + stg.def_pln_path));   // the default aircraft: its eye and size
+	flt_struct& f = flt[0];
+	if (!load_plane(0)) {
+		std::fprintf(stderr, "nimbara-fly: could not load the aircraft\n");
+		MACIBM_finishup(0);
+		plat_offscreen_close();
+		return 1;
+	}
+	f.dob_lat = lat;
+	f.dob_lon = lon;
+	f.dob_ele = alt_ft * con.fttomtrs;
+	env.lat_sou = (int)std::floor(lat);
+	env.lon_wes = (int)std::floor(lon);
+	xdob_xyz_with_latlonel(f.dob_x, f.dob_y, f.dob_z, f.dob_lat, f.dob_lon, f.dob_ele);
+	f.psi = (float)std::fmod(heading + 360.0, 360.0);
+	f.the = (float)pitch;
+	f.phi = (float)roll;
+	init_quaternion(f.psi, f.the, f.phi, f.q);
+	update_derived_flt(0);
+	mnw.locl_year = year;
+	mnw.locl_date_jan1 = day_of_year(year, month, mday);
+	mnw.zulu_time = mnw.locl_time = (float)(hh * 3600 + mm * 60);   // the clock held at UTC
+	mnw.use_sys_time = 0;
+	atm.vis_sky = atm.vis_ground = atm.vis_rep = (float)(vis_nm * 1852.0);
+	ren.FOV = (float)fov;
+	ren.view_menu_TYPE = (int)view;
+	mnw.top_win = 0;
+	glClearColor(1.0f, 0.0f, 1.0f, 1.0f);   // a colour no sky has: any hole in the picture shows it
+	glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+	for (int n = 0; n < 30; n++) WORLD_scene_all_cases();
+	glFinish();
+	std::vector<unsigned char> px((size_t)width * height * 4);
+	glPixelStorei(GL_PACK_ALIGNMENT, 1);
+	glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, px.data());
+	const int ok = fly_write_png(png_out.c_str(), px.data(), width, height, true);
+	if (!ok) std::fprintf(stderr, "nimbara-fly: cannot write %s\n", png_out.c_str());
+	MACIBM_finishup(1);
+	plat_offscreen_close();
+	return ok ? 0 : 1;
+}
