@@ -7,6 +7,7 @@
 #include "render/sky_dome.h"
 #include "render/sun_moon.h"
 #include "render/view.h"
+#include "render/visibility.h"
 #include "core/HL_TYPES.h"
 #include "plugin/HL_PLUGIN.h"
 #include "platform/plat.h"
@@ -34,6 +35,7 @@ void sky_and_light()
 	const bool morning = hours < 12.0f;
 	compute_sky_256(w, lgt[0].the, morning, vis_sky, sig_rat_top, sig_rat_bot, ren.final_psi - lgt[0].psi);
 	blend_light(w, lgt[0].the, morning, ren.lgt_amb, ren.lgt_dir);
+	blend_world_colours(w, lgt[0].the, morning);
 }
 
 }  // namespace
@@ -48,13 +50,11 @@ void WORLD_scene_per_dome()
 	WORLD_view_per_frame();
 	ren.deg_per_mtr_x = 1.0f / std::max(con.planet_deg_mtrs * std::cos((float)flt[0].dob_lat * con.degtorad), 1.0f);
 	ren.deg_per_mtr_z = 1.0f / std::max(con.planet_deg_mtrs, 1.0f);
+	const view_distances vd = update_visibility();
 	sky_and_light();
 	NBPDoDrawingHook(1);
-	const float vis = std::max(atm.vis_ground, atm.vis_sky);
-	const float far_dis = std::max(vis, 1852.0f);
-	const float near_dis = std::clamp((ren.view_ele - ren.local_y_vp) * 0.25f, 1.0f, 50.0f);
-	ren.dome_rad = std::max(1852.0f, far_dis * std::sqrt(3.0f));
-	OGL_viewport(3, mnw.x1_rat, mnw.y1_rat, mnw.x2_rat, mnw.y2_rat, mnw.x1_pix, mnw.y1_pix, mnw.x2_pix, mnw.y2_pix, near_dis,
+	ren.dome_rad = std::max(1852.0f, vd.far_dis * std::sqrt(3.0f));
+	OGL_viewport(3, mnw.x1_rat, mnw.y1_rat, mnw.x2_rat, mnw.y2_rat, mnw.x1_pix, mnw.y1_pix, mnw.x2_pix, mnw.y2_pix, vd.near_dis,
 	             ren.dome_rad * 1.05f, ren.zoom_act);
 	glRotatef(ren.cock_the, -1.0f, 0.0f, 0.0f);
 	glRotatef(ren.cock_psi, 0.0f, 1.0f, 0.0f);
@@ -82,8 +82,8 @@ void WORLD_scene_per_dome()
 	glLightfv(GL_LIGHT0, GL_AMBIENT, amb);
 	glLightfv(GL_LIGHT0, GL_DIFFUSE, dif);
 	glFogfv(GL_FOG_COLOR, ren.fog_rgb);
-	glFogf(GL_FOG_START, far_dis * 0.1f);
-	glFogf(GL_FOG_END, far_dis);
+	glFogf(GL_FOG_START, vd.ogl_fog_dis * 0.1f);
+	glFogf(GL_FOG_END, vd.ogl_fog_dis);
 	glTranslatef(-ren.view_xyz[0], -ren.view_xyz[1], -ren.view_xyz[2]);
 	env.roughness = 0.0f;   // the drawing below tells the flight model what it stands on
 	env.rwy_wrl_over = -999;

@@ -14,6 +14,7 @@ struct ren_struct {
 	float shad_x1, shad_z1, shad_dspm, shad_dtpm;
 	int shadow_final_tex;
 	int ground_is_vis;          // the terrain is drawn, so the block's files are read
+	int stars_are_vis;          // no overcast deck overhead
 	float current_alpha;        // everything drawn is this opaque, normally 1
 	int night_vision_on;        // all colours turn green
 	float ins_brt, hud_brt;     // instrument and HUD light brightness, 0..1
@@ -21,6 +22,7 @@ struct ren_struct {
 	float raw_sun_amb[5][512][3], raw_sun_dir[5][512][3], raw_sun_rgb[5][512][3], raw_mon_rgb[5][512][3];
 	float raw_wat_rgb[5][512][3], raw_cld_drk[5][512][3], raw_cld_lgt[5][512][3];
 	float lgt_amb[3], lgt_dir[3];   // the light of the moment
+	float sun_rgb[3], mon_rgb[3], wat_rgb[3], cld_drk[3], cld_lgt[3];   // the sun's and moon's discs, water, the sides of clouds
 	unsigned char raw_sky_256[5][16][64][16][3];   // sky colours: [set][time frame][azimuth column][elevation row][rgb]
 	unsigned char sky_256[16][64][3];              // the sky of the moment, [row][column][rgb]
 	float fog_rgb[4];

@@ -140,3 +140,21 @@ void compute_sky_256(const float weights[5], float sun_the, bool before_noon, fl
 			}
 	}
 }
+
+void blend_world_colours(const float weights[5], float sun_the, bool before_noon)
+{
+	int i1, i2;
+	float r1, r2;
+	get_time_pixels(&i1, &i2, &r1, &r2, sun_the, before_noon);
+	i2 = std::min(i2, 511);
+	const float(*raw[5])[512][3] = {ren.raw_sun_rgb, ren.raw_mon_rgb, ren.raw_wat_rgb, ren.raw_cld_drk, ren.raw_cld_lgt};
+	float* out[5] = {ren.sun_rgb, ren.mon_rgb, ren.wat_rgb, ren.cld_drk, ren.cld_lgt};
+	const float moon_dim = 1.0f + (moon_brt - 1.0f) * (1.0f - sun_use_rat(sun_the));
+	for (int k = 0; k < 5; k++)
+		for (int c = 0; c < 3; c++) {
+			float v = 0.0f;
+			for (int s = 0; s < 5; s++) v += weights[s] * (r1 * raw[k][s][i1][c] + r2 * raw[k][s][i2][c]);
+			out[k][c] = std::clamp(v * (k >= 2 ? moon_dim : 1.0f), 0.0f, 1.0f);
+		}
+	for (int c = 0; c < 3; c++) ren.fog_rgb[c] *= moon_dim;
+}

@@ -16,3 +16,6 @@ void weather_set_weights(float view_sig_earth_rat, float vis_sky_m, float view_e
 // del_psi, the view's heading less the sun's.
 void compute_sky_256(const float weights[5], float sun_the, bool before_noon, float vis_sky_m, float sig_rat_top, float sig_rat_bot,
                      float del_psi);
+// The sun's and moon's discs, water and the two sides of clouds: the sets' plain blend, the
+// water, clouds and fog dimmed toward the moon's brightness as night takes over.
+void blend_world_colours(const float weights[5], float sun_the, bool before_noon);

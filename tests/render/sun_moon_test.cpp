@@ -137,6 +137,13 @@ TEST(SkyColours, TheLightOfClearAirRisesWithTheSunFromNightToDay)
 		last_amb = a;
 		last_dir = d;
 	}
+	blend_world_colours(clean, 30.0f, true);   // by day water is darker and bluer than the clouds' lit side
+	EXPECT_GT(ren.wat_rgb[2], ren.wat_rgb[0]);
+	EXPECT_GT(ren.cld_lgt[0] + ren.cld_lgt[1] + ren.cld_lgt[2], ren.wat_rgb[0] + ren.wat_rgb[1] + ren.wat_rgb[2]);
+	EXPECT_GT(ren.sun_rgb[0], 0.9f);
+	const float day_water = ren.wat_rgb[2];
+	blend_world_colours(clean, -20.0f, true);   // and at night, dimmed by the moon
+	EXPECT_LT(ren.wat_rgb[2], day_water * 0.5f);
 	float low[3], high[3], amb[3];
 	blend_light(clean, 1.0f, true, amb, low);   // a low sun is warm, a high one white
 	blend_light(clean, 30.0f, true, amb, high);

@@ -97,7 +97,8 @@ int fly_view(int argc, char** argv)
 	mnw.locl_date_jan1 = day_of_year(year, month, mday);
 	mnw.zulu_time = mnw.locl_time = (float)(hh * 3600 + mm * 60);   // the clock held at UTC
 	mnw.use_sys_time = 0;
-	atm.vis_sky = atm.vis_ground = atm.vis_rep = (float)(vis_nm * 1852.0);
+	atm.vis_rep = (float)(vis_nm * 1852.0);
+	atm.vis_frmult = 1.0f;
 	ren.FOV = (float)fov;
 	ren.view_menu_TYPE = (int)view;
 	mnw.top_win = 0;

@@ -1,0 +1,125 @@
+// The camera without drawing: the chase view's blend from body to path with speed, the
+// camera held over the ground, an attitude over the top folded back, and the picture's
+// final angles for the cockpit views' offsets.
+#include "render/view.h"
+#include "render/visibility.h"
+#include "world/HL_WORLD.h"
+#include "core/HL_MATH_FUN.h"
+#include "core/HL_TYPES.h"
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Camera : ::testing::Test {
+	void SetUp() override
+	{
+		zero_all_records();
+		init_con();
+		mnw.prd_FM = 0.02f;
+		mnw.y2_pix = 768.0f;
+		ren.FOV = 45.0f;
+		veh[0].size_tot = 10.0f;
+		flt[0].dob_y = 1000.0;
+	}
+	void settle(int view)
+	{
+		ren.view_menu_TYPE = view;
+		for (int n = 0; n < 400; n++) WORLD_view_per_frame();
+	}
+};
+
+}  // namespace
+
+TEST_F(Camera, TheChaseViewFollowsTheBodySlowAndThePathFast)
+{
+	flt_struct& f = flt[0];
+	f.psi = 0.0f;
+	f.h_path = 40.0f;
+	for (const auto& [speed, want] : {std::pair{8.0f, 0.0f}, {10.0f, 0.0f}, {15.0f, 20.0f}, {20.0f, 40.0f}, {60.0f, 40.0f}}) {
+		f.V_msc = speed;
+		settle(1518);
+		EXPECT_NEAR(ren.basic_psi, want, 0.05f) << speed;
+		EXPECT_NEAR(ren.final_psi, want, 0.05f) << speed;
+		const float dx = (float)f.dob_x - ren.view_xyz[0], dz = (float)f.dob_z - ren.view_xyz[2];
+		EXPECT_NEAR(std::sqrt(dx * dx + dz * dz), 15.0f, 0.1f);   // one and a half times the aircraft's size behind
+	}
+}
+
+TEST_F(Camera, TheCameraStaysOverTheGroundAndLooksAtTheAircraft)
+{
+	ren.circ_the_rad = -0.5f;   // an orbit that would dip under a hillside
+	ren.local_y_vp = 1000.0f;
+	settle(1519);
+	EXPECT_NEAR(ren.view_xyz[1], 1001.7f, 1e-3f);
+	const float dy = (float)flt[0].dob_y - ren.view_xyz[1];
+	EXPECT_LT(dy, 0.0f);
+	EXPECT_LT(ren.basic_the, 0.0f);   // looking down at it
+}
+
+TEST_F(Camera, AnAttitudeOverTheTopFoldsBack)
+{
+	flt_struct& f = flt[0];
+	f.the = 100.0f;
+	f.psi = 30.0f;
+	f.phi = 10.0f;
+	settle(1525);
+	EXPECT_NEAR(ren.basic_the, 80.0f, 1e-4f);
+	EXPECT_NEAR(ren.basic_psi, 210.0f, 1e-4f);
+	EXPECT_NEAR(ren.basic_phi, 170.0f, 1e-4f);
+}
+
+TEST_F(Camera, CockpitViewsTurnTheEyeAndTheFrustumIsLinearInTheFieldOfView)
+{
+	flt_struct& f = flt[0];
+	f.psi = 10.0f;
+	f.cos_the = f.cos_psi = f.cos_phi = 1.0f;
+	struct { int view; float psi, the; } views[] = {{1525, 10, 0}, {1508, 100, 0}, {1511, 190, 0}, {1505, 325, 0}, {1513, 55, 30}};
+	for (const auto& v : views) {
+		settle(v.view);
+		EXPECT_NEAR(ren.final_psi, v.psi, 1e-3f) << v.view;
+		EXPECT_NEAR(ren.final_the, v.the, 1e-3f) << v.view;
+	}
+	ren.FOV = 90.0f;
+	settle(1525);
+	EXPECT_FLOAT_EQ(mnw.x2_rat, 1.0f);   // 90 degrees gives exactly one
+	EXPECT_FLOAT_EQ(mnw.x1_rat, -1.0f);
+	EXPECT_FLOAT_EQ(mnw.y2_rat, 1.0f);
+}
+
+// Through an overcast deck the eye sees 100 m, returning over 600 ft above and below;
+// stars only above it; high up the fog reaches toward the limb.
+TEST(Visibility, ADeckBlindsTheEyeInsideItAndTheLimbOpensHighUp)
+{
+	zero_all_records();
+	init_con();
+	set_planet_specs(0);
+	atm.vis_rep = 16000.0f;
+	atm.vis_frmult = 1.0f;
+	atm.cld_type[0] = 5;
+	atm.base_h_MSL[0] = 2000.0f;
+	atm.tops_h_MSL[0] = 3000.0f;
+	auto at = [](float h) {
+		ren.view_ele = ren.view_xyz[1] = h;
+		return update_visibility();
+	};
+	at(1000.0f);
+	EXPECT_FLOAT_EQ(atm.vis_ground, 16000.0f);
+	EXPECT_EQ(ren.stars_are_vis, 0);
+	EXPECT_EQ(ren.ground_is_vis, 1);
+	at(2500.0f);
+	EXPECT_FLOAT_EQ(atm.vis_ground, 100.0f);
+	EXPECT_FLOAT_EQ(atm.vis_sky, 100.0f);
+	at(3000.0f + 91.44f);   // halfway back above the tops
+	EXPECT_NEAR(atm.vis_ground, 0.5f * (100.0f + 16000.0f), 1.0f);
+	at(2000.0f - 91.44f);   // and below the base
+	EXPECT_NEAR(atm.vis_ground, 0.5f * (100.0f + 16000.0f), 1.0f);
+	const view_distances high = at(12000.0f);
+	EXPECT_EQ(ren.stars_are_vis, 1);
+	EXPECT_GT(atm.vis_sky, atm.vis_ground);   // above the deck the sky clears to the planet's limit
+	const view_distances orbit = at(400000.0f);
+	EXPECT_GT(orbit.ogl_fog_dis, 2.0e6f);   // from orbit, out toward the limb, 2300 km away
+	EXPECT_LE(orbit.near_dis, 500.0f);
+	EXPECT_GE(high.near_dis, 1.0f);
+	EXPECT_EQ(ren.ground_is_vis, 0);   // and far above the ground's visibility
+}
