@@ -36,6 +36,7 @@ struct ren_struct {
 	float final_the, final_psi, final_phi;   // where the picture's centre looks, world angles
 	float FOV;                  // horizontal field of view, degrees
 	float zoom_req, zoom_act, circ_dist;
+	float spot_x, spot_y, spot_z, spot_vx, spot_vy, spot_vz;   // a point by the runway or the path, and its drift
 	float dome_rad;             // radius of the sky dome, metres
 	float deg_per_mtr_x, deg_per_mtr_z;
 	int view_type_act;          // the view shown, 1500 the forward panel

@@ -5,6 +5,7 @@
 #include "render/HL_GRAPH.h"
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
+#include "world/nav_data.h"
 #include <algorithm>
 #include <cmath>
 
@@ -21,6 +22,57 @@ float wrapf(float v, float lo, float hi)
 }
 
 bool external(int v) { return v == 1515 || v == 1516 || (v >= 1518 && v <= 1522) || v == 1539; }
+
+const vec_apt_struct* local_airport()
+{
+	return vec_apt.empty() ? nullptr : &vec_apt[(size_t)std::clamp(msc.loc_apt_wrl, 0, (int)vec_apt.size() - 1)];
+}
+
+void world_point(double lat, double lon, double ele, float xyz[3])
+{
+	double x, y, z;
+	xdob_xyz_with_latlonel(x, y, z, lat, lon, ele);
+	xyz[0] = (float)x;
+	xyz[1] = (float)y;
+	xyz[2] = (float)z;
+}
+
+// The runway end nearest the aircraft, an eye's height over the airport, as the spot.
+void nearest_runway_end(const float ref[3])
+{
+	const vec_apt_struct* a = local_airport();
+	float best = 9.9e9f;
+	for (size_t r = 0; a && r < a->rwy.size(); r++) {
+		const vec_rwy_struct& w = a->rwy[r];
+		if (w.num_str[0] == 'x') continue;   // taxiway segments
+		for (int end = 0; end < 2; end++) {
+			const double hdg = (w.psi_true + (end ? 180.0 : 0.0)) * M_PI / 180.0, half = 0.5 * (w.len - 10.0);
+			double lat, lon;
+			latlon_offset(w.lat, w.lon, half * std::sin(hdg), half * std::cos(hdg), &lat, &lon);
+			float p[3];
+			world_point(lat, lon, a->h + 1.8, p);
+			const float d = (p[0] - ref[0]) * (p[0] - ref[0]) + (p[1] - ref[1]) * (p[1] - ref[1]) + (p[2] - ref[2]) * (p[2] - ref[2]);
+			if (d < best) {
+				best = d;
+				ren.spot_x = p[0];
+				ren.spot_y = p[1];
+				ren.spot_z = p[2];
+			}
+		}
+	}
+}
+
+// The tower's eye, the beacon's, or the first start point's.
+bool tower_point(float xyz[3])
+{
+	const vec_apt_struct* a = local_airport();
+	if (!a) return false;
+	if (std::fabs(a->twr_lat) > 0.01f || std::fabs(a->twr_lon) > 0.01f) world_point(a->twr_lat, a->twr_lon, a->h + a->twr_hgt, xyz);
+	else if (std::fabs(a->bcn_lat) > 0.01f || std::fabs(a->bcn_lon) > 0.01f) world_point(a->bcn_lat, a->bcn_lon, a->h + 20.0, xyz);
+	else if (!a->sta.empty()) world_point(a->sta[0].lat, a->sta[0].lon, a->h + 1.8, xyz);
+	else return false;
+	return true;
+}
 
 // Each cockpit view's turn of the eye, degrees right and up.
 void view_offsets(int v, float* dpsi, float* dthe)
@@ -68,6 +120,17 @@ void WORLD_view_per_frame()
 		ren.zoom_req = ren.zoom_act = 1.0f;
 		ren.view_is_external = external(t);
 		if (t == 1518) ren.circ_psi_rad = ren.circ_the_rad = 0.0f;
+		const float pos[3] = {(float)f.dob_x, (float)f.dob_y, (float)f.dob_z}, vel[3] = {f.vx, f.vy, f.vz};
+		const float offset = std::max(veh[0].size_x * 1.5f, f.V_msc * 0.05f);
+		if (t == 1516) nearest_runway_end(pos);
+		if (t == 1521 || t == 1522) {   // a point ahead on the path, a little aside
+			const float ahead = t == 1521 ? 4.0f : 0.5f;
+			float* spot[3] = {&ren.spot_x, &ren.spot_y, &ren.spot_z};
+			for (int k = 0; k < 3; k++) *spot[k] = ren.view_xyz[k] = pos[k] + vel[k] * ahead + offset;
+			ren.spot_vx = t == 1522 ? f.vx : 0.0f;
+			ren.spot_vy = t == 1522 ? f.vy : 0.0f;
+			ren.spot_vz = t == 1522 ? f.vz : 0.0f;
+		}
 		ren.view_type_act = t;
 		ren.view_menu_TYPE = -1;
 	}
@@ -78,7 +141,29 @@ void WORLD_view_per_frame()
 	const int v = ren.view_type_act;
 	const float ref[3] = {(float)f.dob_x, (float)f.dob_y, (float)f.dob_z};
 	const float dt = mnw.prd_FM > 0.0f ? mnw.prd_FM : 0.02f;
-	if (v == 1518 || v == 1519 || v == 1520) {   // outside, circling or chasing
+	if (v == 1515 || v == 1516 || v == 1521 || v == 1522) {   // a fixed or drifting point, looking at the aircraft
+		float target[3] = {ren.spot_x, ren.spot_y, ren.spot_z};
+		float rate = std::min(dt * 4.0f * ren.zoom_act, 1.0f - dt);
+		if (v == 1515) {
+			if (!tower_point(target))
+				for (int k = 0; k < 3; k++) target[k] = ref[k] + 50.0f;
+			rate = std::min(dt, 1.0f);
+		}
+		if (v == 1522) {
+			if (!mnw.paused) {
+				ren.view_xyz[0] += ren.spot_vx * dt;
+				ren.view_xyz[1] += ren.spot_vy * dt;
+				ren.view_xyz[2] += ren.spot_vz * dt;
+			}
+		} else {
+			for (int k = 0; k < 3; k++) ren.view_xyz[k] += (target[k] - ren.view_xyz[k]) * rate;
+		}
+		ren.view_xyz[1] = std::max(ren.view_xyz[1], ren.local_y_vp + 1.7f);
+		const float dx = ref[0] - ren.view_xyz[0], dy = ref[1] - ren.view_xyz[1], dz = ref[2] - ren.view_xyz[2];
+		ren.basic_the = std::atan2(dy, std::sqrt(dx * dx + dz * dz)) * con.radtodeg;
+		ren.basic_psi = std::atan2(dx, -dz) * con.radtodeg;
+		ren.basic_phi = 0.0f;
+	} else if (v == 1518 || v == 1519 || v == 1520) {   // outside, circling or chasing
 		circle_dist += (ren.circ_dist - circle_dist) * std::min(dt * (circle_dist > 0.0f ? 1.0f : 1e9f), 1.0f);
 		freeview_psi_rad += wrapf(ren.circ_psi_rad - freeview_psi_rad, -M_PI, M_PI) * std::min(dt * 4.0f, 1.0f);
 		freeview_the_rad += wrapf(ren.circ_the_rad - freeview_the_rad, -M_PI, M_PI) * std::min(dt * 4.0f, 1.0f);

@@ -4,6 +4,8 @@
 #include "render/view.h"
 #include "render/visibility.h"
 #include "world/HL_WORLD.h"
+#include "world/nav_data.h"
+#include <cstdio>
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
 #include <cmath>
@@ -122,4 +124,47 @@ TEST(Visibility, ADeckBlindsTheEyeInsideItAndTheLimbOpensHighUp)
 	EXPECT_LE(orbit.near_dis, 500.0f);
 	EXPECT_GE(high.near_dis, 1.0f);
 	EXPECT_EQ(ren.ground_is_vis, 0);   // and far above the ground's visibility
+}
+
+TEST_F(Camera, SpotViewsWaitAheadOnThePathAndTheRunwayViewStandsAtTheNearestEnd)
+{
+	flt_struct& f = flt[0];
+	f.vz = -50.0f;   // north at 50 m/s
+	f.V_msc = 50.0f;
+	veh[0].size_x = 10.0f;
+	ren.view_menu_TYPE = 1521;
+	WORLD_view_per_frame();
+	EXPECT_NEAR(ren.spot_z, (float)f.dob_z - 200.0f + 15.0f, 1e-3f);   // four seconds ahead, and aside
+	EXPECT_NEAR(ren.view_xyz[0], 15.0f, 1e-3f);
+	EXPECT_NEAR(ren.basic_psi, 180.0f + std::atan2(15.0f, 185.0f) * 57.29578f, 0.5f);   // looking back at the aircraft
+	ren.view_menu_TYPE = 1522;
+	WORLD_view_per_frame();
+	const float z0 = ren.view_xyz[2];
+	WORLD_view_per_frame();
+	EXPECT_NEAR(ren.view_xyz[2] - z0, -50.0f * 0.02f, 1e-3f);   // drifting with the aircraft's speed
+	// One runway, north-south, 2000 m long, centred 3 km north: the south end is nearer.
+	vec_apt.clear();
+	vec_apt.emplace_back();
+	vec_apt[0].h = 0.0f;
+	vec_rwy_struct r{};
+	r.lat = 0.027f;
+	r.lon = 0.0f;
+	r.psi_true = 0.0f;
+	r.len = 2000.0f;
+	std::snprintf(r.num_str, sizeof r.num_str, "36");
+	vec_apt[0].rwy.push_back(r);
+	msc.loc_apt_wrl = 0;
+	set_planet_specs(0);
+	ren.local_y_vp = -1e5f;   // the ground under the eye, in this frame far below
+	f.dob_lat = f.dob_lon = 0.0;
+	f.dob_ele = 1000.0;
+	xdob_xyz_with_latlonel(f.dob_x, f.dob_y, f.dob_z, 0.0, 0.0, 1000.0);
+	settle(1516);
+	double lat, lon, x, y, z;
+	latlon_offset(0.027, 0.0, 0.0, -995.0, &lat, &lon);
+	xdob_xyz_with_latlonel(x, y, z, lat, lon, 1.8);
+	EXPECT_NEAR(ren.view_xyz[0], x, 1.0);
+	EXPECT_NEAR(ren.view_xyz[1], y, 1.0);
+	EXPECT_NEAR(ren.view_xyz[2], z, 1.0);
+	vec_apt.clear();
 }
