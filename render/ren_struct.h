@@ -38,6 +38,7 @@ struct ren_struct {
 	float zoom_req, zoom_act, circ_dist;
 	float spot_x, spot_y, spot_z, spot_vx, spot_vy, spot_vz;   // a point by the runway or the path, and its drift
 	float dome_rad;             // radius of the sky dome, metres
+	float xyz_lo_cone_sky[3], xyz_hi_cone_sky[3];   // the box round what the view sees of the sky
 	float deg_per_mtr_x, deg_per_mtr_z;
 	int view_type_act;          // the view shown, 1500 the forward panel
 	int cockpit_lite_on;        // the lit forward panel replaces the day one

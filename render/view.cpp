@@ -222,6 +222,24 @@ void WORLD_view_per_frame()
 	ren.zoom_act = std::clamp(ren.zoom_act, 1.0f, 5000.0f);
 	const float step = ren.zoom_act * dt * 6.0f;
 	ren.zoom_act += std::clamp(ren.zoom_req - ren.zoom_act, -step, step);
+	// The box round the view's frustum out to the sky's visibility, by the last frame's angles.
+	{
+		const float reach = atm.vis_sky > 0.0f ? atm.vis_sky : 46300.0f;
+		const float hw = std::sin(ren.FOV * 0.5f * con.degtorad) * reach;
+		const float hh = hw * (mnw.x_res_now > 0 ? (float)mnw.y_res_now / (float)mnw.x_res_now : 0.75f);
+		const float corner[5][3] = {{0, 0, 0}, {-hw, -hh, -reach}, {hw, -hh, -reach}, {hw, hh, -reach}, {-hw, hh, -reach}};
+		const float d = con.degtorad;
+		for (int k = 0; k < 5; k++) {
+			float X, Y, Z;
+			any_to_wrl(corner[k][0], corner[k][1], corner[k][2], &X, &Y, &Z, std::sin(ren.final_psi * d), std::cos(ren.final_psi * d),
+			           std::sin(ren.final_the * d), std::cos(ren.final_the * d), std::sin(ren.final_phi * d), std::cos(ren.final_phi * d));
+			const float p[3] = {ren.view_xyz[0] + X, ren.view_xyz[1] + Y, ren.view_xyz[2] + Z};
+			for (int c = 0; c < 3; c++) {
+				ren.xyz_lo_cone_sky[c] = k == 0 ? p[c] : std::min(ren.xyz_lo_cone_sky[c], p[c]);
+				ren.xyz_hi_cone_sky[c] = k == 0 ? p[c] : std::max(ren.xyz_hi_cone_sky[c], p[c]);
+			}
+		}
+	}
 	// Final angles: the picture's centre and its up, turned into the world.
 	float x, y, z, ux, uy, uz;
 	to_world(0.0f, 0.0f, -1.0f, &x, &y, &z);

@@ -82,6 +82,12 @@ TEST_F(Camera, CockpitViewsTurnTheEyeAndTheFrustumIsLinearInTheFieldOfView)
 		EXPECT_NEAR(ren.final_psi, v.psi, 1e-3f) << v.view;
 		EXPECT_NEAR(ren.final_the, v.the, 1e-3f) << v.view;
 	}
+	atm.vis_sky = 10000.0f;   // looking north: the sky box reaches 10 km north and 7 km each side
+	f.psi = 0.0f;
+	settle(1525);
+	EXPECT_NEAR(ren.xyz_lo_cone_sky[2], (float)f.dob_z - 10000.0f, 1.0f);
+	EXPECT_NEAR(ren.xyz_hi_cone_sky[2], (float)f.dob_z, 1.0f);
+	EXPECT_NEAR(ren.xyz_hi_cone_sky[0] - ren.xyz_lo_cone_sky[0], 2.0f * 10000.0f * std::sin(22.5f * 3.14159265f / 180.0f), 1.0f);
 	ren.FOV = 90.0f;
 	settle(1525);
 	EXPECT_FLOAT_EQ(mnw.x2_rat, 1.0f);   // 90 degrees gives exactly one
