@@ -129,16 +129,22 @@ int plat_joy_read(int dev, plat_joy_state* s)
 	return 1;
 }
 
-int plat_joy_attach_virtual(int axes, int hats, int buttons)
+// The pooled slot of the device SDL just attached at that index, -1 when it failed.
+static int pooled_slot(int index)
 {
-	if (!up && !plat_joy_init()) return -1;
-	const int index = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_UNKNOWN, axes, buttons, hats);   // a plain stick
 	if (index < 0) return -1;
 	refresh();
 	const SDL_JoystickID id = SDL_JoystickGetDeviceInstanceID(index);
 	for (int k = 0; k < ndev; k++)
 		if (devs[k].id == id) return k;
 	return -1;
+}
+
+int plat_joy_attach_virtual(int axes, int hats, int buttons)
+{
+	if (!up && !plat_joy_init()) return -1;
+	const int index = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_UNKNOWN, axes, buttons, hats);   // a plain stick
+	return pooled_slot(index);
 }
 
 int plat_joy_attach_virtual_pad()
@@ -151,12 +157,7 @@ int plat_joy_attach_virtual_pad()
 	desc.nbuttons = SDL_CONTROLLER_BUTTON_MAX;
 	desc.name = "Virtual game controller";
 	const int index = SDL_JoystickAttachVirtualEx(&desc);
-	if (index < 0) return -1;
-	refresh();
-	const SDL_JoystickID id = SDL_JoystickGetDeviceInstanceID(index);
-	for (int k = 0; k < ndev; k++)
-		if (devs[k].id == id) return k;
-	return -1;
+	return pooled_slot(index);
 }
 
 int plat_joy_detach_virtual(int dev)

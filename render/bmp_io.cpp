@@ -27,11 +27,7 @@ int load_bmp_into_scratch(const std::string& hard_path, int index, int type, int
 	if (!check_index(hard_path, index) || !check_type(hard_path, type) || !check_bytes(hard_path, bytes) ||
 	    !check_filter_type(hard_path, filter_type))
 		return 0;
-	std::string path = hard_path;
-	const size_t dot = path.find_last_of('.'), sep = path.find_last_of(":/\\");
-	if (dot != std::string::npos && (sep == std::string::npos || dot > sep)) path.erase(dot);
-	path += ".bmp";
-	set_dir_chars(path);
+	const std::string path = tex_file_path(hard_path, ".bmp");
 	unsigned char* add = nullptr;
 	XMappedFile file(path.c_str(), &add);
 	int c_use = 0, c_max = 0;

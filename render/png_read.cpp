@@ -102,11 +102,7 @@ int decode(const unsigned char* data, size_t size, decoded* out, char* error, si
 int load_png_into_scratch(const std::string& hard_path, int index, int type, int bytes, int* full_width)
 {
 	if (!check_index(hard_path, index) || !check_type(hard_path, type) || !check_bytes(hard_path, bytes)) return 0;
-	std::string path = hard_path;
-	const size_t dot = path.find_last_of('.'), sep = path.find_last_of(":/\\");
-	if (dot != std::string::npos && (sep == std::string::npos || dot > sep)) path.erase(dot);
-	path += ".png";
-	set_dir_chars(path);
+	const std::string path = tex_file_path(hard_path, ".png");
 	unsigned char* add = nullptr;
 	XMappedFile file(path.c_str(), &add);
 	if (!add || file.mEnd - file.mBegin < 8) return 0;

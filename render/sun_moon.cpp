@@ -24,6 +24,12 @@ bool leap(int y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0; }
 
 }  // namespace
 
+int day_of_year(int year, int month, int mday)
+{
+	static const int before[12] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
+	return before[month - 1] + mday - 1 + (leap(year) && month > 2 ? 1 : 0);
+}
+
 double julian_day_utc(int year, int day_of_year, double utc_sec)
 {
 	// 1 January of the year at 0 h, from the Gregorian calendar's day count.

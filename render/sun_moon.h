@@ -16,6 +16,7 @@ extern int moon_tex;            // its phase's texture, 228 to 250
 extern float moon_brt;
 extern sky_light lgt[3];        // sun, moon, and whichever lights
 
+int day_of_year(int year, int month, int mday);   // 0 for 1 January; month 1..12
 double julian_day_utc(int year, int day_of_year, double utc_sec);   // day_of_year 0 for 1 January
 // The sun from the solar equations: true solar time and the declination (the usual sign).
 void solar_position(double jd, double lon_deg, double* true_solar_hours, double* declination);

@@ -50,6 +50,16 @@ unsigned char win_gamma[256];
 	return true;
 }();
 
+std::string tex_file_path(const std::string& hard_path, const char* ext)
+{
+	std::string path = hard_path;
+	const size_t dot = path.find_last_of('.'), sep = path.find_last_of(":/\\");
+	if (dot != std::string::npos && (sep == std::string::npos || dot > sep)) path.erase(dot);
+	path += ext;
+	set_dir_chars(path);
+	return path;
+}
+
 void tex_alert(const char* what, const char* more, const std::string& path)
 {
 	NB_ALERT(what, more, ret_host_path(path), "", alert_notice);

@@ -31,4 +31,5 @@ int check_index(const std::string& path, int index);
 int check_filter_type(const std::string& path, int filter_type);
 int check_bytes(const std::string& path, int bytes);
 int check_rgb_type(const std::string& path, int rgb_type);
+std::string tex_file_path(const std::string& path, const char* ext);   // the extension swapped, a host path
 void tex_alert(const char* what, const char* more, const std::string& path);   // a notice with the file's path

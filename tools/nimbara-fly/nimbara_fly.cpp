@@ -113,6 +113,13 @@ static const char* help_text =
 	"      View 1525 (forward, nothing), field of view 45, 1024x768 unless told. Needs a display.\n"
 	"  nimbara-fly --help\n";
 
+bool fly_parse(const char* s, double lo, double hi, double* v)
+{
+	char* end = nullptr;
+	*v = std::strtod(s, &end);
+	return *s && !*end && std::isfinite(*v) && *v >= lo && *v <= hi;
+}
+
 static int parse_float(const char* s, float* v)
 {
 	char* end;

@@ -12,24 +12,6 @@
 #include <string>
 #include <vector>
 
-namespace {
-
-bool parse(const char* s, double lo, double hi, double* v)
-{
-	char* end = nullptr;
-	*v = std::strtod(s, &end);
-	return *s && !*end && std::isfinite(*v) && *v >= lo && *v <= hi;
-}
-
-int day_of_year(int y, int m, int d)
-{
-	static const int before[12] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
-	const bool leap = (y % 4 == 0 && y % 100 != 0) || y % 400 == 0;
-	return before[m - 1] + d - 1 + (leap && m > 2 ? 1 : 0);
-}
-
-}  // namespace
-
 int fly_sky(int argc, char** argv)
 {
 	double lat = NAN, lon = NAN, alt_ft = 0.0, heading = 0.0;
@@ -41,10 +23,10 @@ int fly_sky(int argc, char** argv)
 		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
 		const char* val = argv[++k];
 		bool ok = true;
-		if (o == "--lat") ok = parse(val, -90, 90, &lat);
-		else if (o == "--lon") ok = parse(val, -180, 180, &lon);
-		else if (o == "--alt-ft") ok = parse(val, -2000, 3e6, &alt_ft);
-		else if (o == "--heading") ok = parse(val, -360, 360, &heading);
+		if (o == "--lat") ok = fly_parse(val, -90, 90, &lat);
+		else if (o == "--lon") ok = fly_parse(val, -180, 180, &lon);
+		else if (o == "--alt-ft") ok = fly_parse(val, -2000, 3e6, &alt_ft);
+		else if (o == "--heading") ok = fly_parse(val, -360, 360, &heading);
 		else if (o == "--tree") tree = std::string(val) + "/";
 		else if (o == "--date") {
 			static const int mdays[12] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};

@@ -11,6 +11,7 @@
 #include "platform/plat.h"
 #include "platform/plat_headless.h"
 #include "render/HL_GRAPH.h"
+#include "render/sun_moon.h"
 #include "render/ogl.h"
 #include "world/HL_WORLD.h"
 #include <GL/gl.h>
@@ -19,24 +20,6 @@
 #include <cstdlib>
 #include <string>
 #include <vector>
-
-namespace {
-
-bool parse(const char* s, double lo, double hi, double* v)
-{
-	char* end = nullptr;
-	*v = std::strtod(s, &end);
-	return *s && !*end && std::isfinite(*v) && *v >= lo && *v <= hi;
-}
-
-int day_of_year(int y, int m, int d)
-{
-	static const int before[12] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
-	const bool leap = (y % 4 == 0 && y % 100 != 0) || y % 400 == 0;
-	return before[m - 1] + d - 1 + (leap && m > 2 ? 1 : 0);
-}
-
-}  // namespace
 
 int fly_view(int argc, char** argv)
 {
@@ -48,15 +31,15 @@ int fly_view(int argc, char** argv)
 		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
 		const char* val = argv[++k];
 		bool ok = true;
-		if (o == "--lat") ok = parse(val, -89.9, 89.9, &lat);
-		else if (o == "--lon") ok = parse(val, -180, 180, &lon);
-		else if (o == "--alt-ft") ok = parse(val, -1000, 3e6, &alt_ft);
-		else if (o == "--heading") ok = parse(val, -360, 360, &heading);
-		else if (o == "--pitch") ok = parse(val, -89.9, 89.9, &pitch);
-		else if (o == "--roll") ok = parse(val, -180, 180, &roll);
-		else if (o == "--view") ok = parse(val, 1500, 1539, &view);
-		else if (o == "--fov") ok = parse(val, 5, 170, &fov);
-		else if (o == "--vis-nm") ok = parse(val, 0.1, 200, &vis_nm);
+		if (o == "--lat") ok = fly_parse(val, -89.9, 89.9, &lat);
+		else if (o == "--lon") ok = fly_parse(val, -180, 180, &lon);
+		else if (o == "--alt-ft") ok = fly_parse(val, -1000, 3e6, &alt_ft);
+		else if (o == "--heading") ok = fly_parse(val, -360, 360, &heading);
+		else if (o == "--pitch") ok = fly_parse(val, -89.9, 89.9, &pitch);
+		else if (o == "--roll") ok = fly_parse(val, -180, 180, &roll);
+		else if (o == "--view") ok = fly_parse(val, 1500, 1539, &view);
+		else if (o == "--fov") ok = fly_parse(val, 5, 170, &fov);
+		else if (o == "--vis-nm") ok = fly_parse(val, 0.1, 200, &vis_nm);
 		else if (o == "--png") png_out = val;
 		else if (o == "--tree") tree = std::string(val) + "/";
 		else if (o == "--size") ok = std::sscanf(val, "%dx%d", &width, &height) == 2 && width >= 16 && height >= 16 && width <= 4096 && height <= 4096;
