@@ -3,3 +3,6 @@
 
 void load_panel_for_plane() {}   // panel: later step
 void update_dashbool(int, int) {}   // panel switches: later step
+void MACIBM_update_back_texes() {}   // panel bitmaps: panel step
+void APPLICATION_update_panel() {}   // instruments: panel step
+void HUD_HOOPS_plot() {}   // head-up display: HUD step

@@ -11,6 +11,7 @@ struct mnw_struct {
 	float x1_pix, y1_pix, x2_pix, y2_pix;   // the whole window in panel space
 	float x1_rat, y1_rat, x2_rat, y2_rat;   // the 3-D view's near-plane ratios
 	float look_up;   // the panel's scroll, panel pixels
+	float look_down_deg_req, look_down_deg_act;   // the cockpit eye tipped down, degrees (0 or -10), and where it is
 	int look_up_mode;   // 0 up, 1 centre, 2 down
 	float look_up_UP[9], look_up_CTR[9], look_up_DN[9];   // scroll targets by panel index
 

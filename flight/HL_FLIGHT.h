@@ -84,6 +84,8 @@ void update_trims(int fn, int dir);           // a trim button held
 void update_rocket(int p, int mode, float until);   // a manoeuvre rocket fires until then
 void force_weapons();
 void integ_weapons(int p);
+struct body_state { double x, y, z; float vx, vy, vz, the, psi, phi, h_path, v_path, V; };
+int weapon_to_track(body_state* s);   // the last weapon in free flight of the first aircraft that has one, -1 for none
 void inc_weapon_masses();
 void do_electrics();
 void do_lines();

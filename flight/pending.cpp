@@ -9,6 +9,7 @@ void attach_weapon(int, int) {}              // weapons: later step
 void stop_fire() {}
 void force_weapons() {}
 void integ_weapons(int) {}
+int weapon_to_track(body_state*) { return -1; }   // weapons in flight: weapons step
 void inc_weapon_masses() {}
 void do_lines() {}                           // tow, winch and sling lines: later step
 void do_wire_and_catapult() {}

@@ -12,3 +12,4 @@ void close_hardware_out(int normal);
 int has_multiplayer();         // 1 while other pilots fly with us
 void set_dataoutput_params();  // the data output's rates and channels for a new flight
 void update_hardware_out();   // the cockpit hardware's outputs, each frame
+void plot_OBJ7();   // objects placed by outside equipment, drawn behind the clouds

@@ -11,4 +11,5 @@ struct inet_struct {
 	int getting_terrain;                              // a peer supplies the ground under the aircraft
 	int getting_astab, getting_flightcons, getting_prop, getting_thro;   // a peer sets stability, controls, propellers, throttles
 	int getting_rawjoy;                               // a peer sends raw joystick data
+	int getting_camera;                               // a peer places the camera
 };

@@ -12,3 +12,4 @@ void close_hardware_out(int) {}
 int has_multiplayer() { return 0; }   // multiplayer: later step
 void set_dataoutput_params() {}      // data output: later step
 void update_hardware_out() {}         // cockpit hardware: later step
+void plot_OBJ7() {}   // outside visuals' objects: external-visuals step

@@ -8,3 +8,4 @@ int NBPDoDrawingHook(int phase);                 // 0 skips what that phase woul
 int NBPMouseClickHook(int x, int y, int down);   // 0 drops the click
 void NBPUpdatePlaneNameAndPath(int p, const char* name, const char* path);
 void NBPEventHook(int event, float time, int a, int p, int b);
+int NBPCameraHook(float* x, float* y, float* z, float* pitch, float* heading, float* roll, float* zoom);   // 0: the manager placed the camera

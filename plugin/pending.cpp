@@ -9,3 +9,4 @@ int NBPDoDrawingHook(int) { return 1; }
 int NBPMouseClickHook(int, int, int) { return 1; }
 void NBPUpdatePlaneNameAndPath(int, const char*, const char*) {}
 void NBPEventHook(int, float, int, int, int) {}
+int NBPCameraHook(float*, float*, float*, float*, float*, float*, float*) { return 1; }

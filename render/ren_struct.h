@@ -47,6 +47,24 @@ struct ren_struct {
 	int mouse_look;             // the view follows the mouse
 	float mouse_look_os_psi, mouse_look_os_the;   // the view's offset by the mouse, degrees
 	float local_y_vp;           // the ground's height under the viewpoint
+	int wpn_to_track;           // the weapon slot the camera follows, -1 for none
+	int trans_panel;            // the panel drawn see-through
+	int show_path;              // flight-path display level, 0 to 7
+	int sunglasses_on;
+	int vert1, vert2;           // the picture turned a quarter left or right, for a monitor on its side
+	float pan_brt;              // the panel flood light, 0..1
+	// Dome projection: that many pictures side by side, each turned by its reference angles.
+	int elum_renders, elum_dx, elum_dy;
+	float elum_ref_the, elum_ref_psi, elum_ref_phi;
+	// The ground the view can see: a quadrilateral round the eye, its box, and the grid range to draw.
+	float x0_cone_ground, z0_cone_ground, x1_cone_ground, z1_cone_ground;
+	float x2_cone_ground, z2_cone_ground, x3_cone_ground, z3_cone_ground;
+	float xyz_lo_cone_ground[3], xyz_hi_cone_ground[3];
+	int view_oct;               // octant of final_psi, 1 to 8
+	int ic_plot, jc_plot, i1_plot, j1_plot, i2_plot, j2_plot;
+	int planet_is_vis;          // high enough that the planet is drawn whole
+	int DL_planet_real;         // display list of the whole planet, 0 until built
+	float lite_rat_on;          // how far the lights of night are on, 0..1
 	// Per texture id, the id being the OpenGL texture name as well.
 	int tex_dx_vis[tex_id_max], tex_dy_vis[tex_id_max];   // the picture, after scaling
 	int tex_dx_tot[tex_id_max], tex_dy_tot[tex_id_max];   // the power-of-two texture it lives in
@@ -60,4 +78,6 @@ struct scn_struct {
 	int fire_avail, fire_on;     // a fire burns in the block
 	float firexyz[10][3];
 	float vis_scale;   // size of the pilot's aircraft for effects
+	float sqr_max_dis_moving, sqr_max_dis_parked, sqr_max_dis_lite;   // traffic drawn within these, squared metres
+	int vis_math_level;   // how much of the flight model's working is shown, 0..5
 };

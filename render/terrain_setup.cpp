@@ -1,14 +1,13 @@
 // The block's ground set up for drawing: the vertex normals, relief exaggerated four
 // times in the lighting. The textures of each cell come with the terrain drawing.
 #include "render/HL_GRAPH.h"
-#include "render/sky_colours.h"
 #include "world/scenery.h"
 #include "core/HL_TYPES.h"
 #include <cmath>
 
 float planenrml[regn_dim_i][regn_dim_j][3];
 
-static void set_terrain_normals()
+void set_terrain_normals()
 {
 	const int p = env.planet == 1 ? 1 : 0;
 	for (int i = 0; i <= regn_imax[p]; i++)
@@ -26,11 +25,4 @@ static void set_terrain_normals()
 			else { c[0] = c[2] = 0.0f; c[1] = 1.0f; }
 			for (int k = 0; k < 3; k++) planenrml[i][j][k] = c[k];
 		}
-}
-
-void init_world_rendering(int init_type)
-{
-	if (init_type == 0 || init_type == 3) load_sky_colours(env.planet);   // the planet's sky and light tables
-	if (init_type == 4) set_terrain_normals();
-	// the other phases, and phase 4's textures, come with the drawing steps
 }

@@ -1,5 +1,6 @@
 #include "render/visibility.h"
 #include "core/HL_TYPES.h"
+#include "plugin/HL_PLUGIN.h"
 #include <algorithm>
 #include <cmath>
 
@@ -49,7 +50,15 @@ view_distances update_visibility()
 	const float orbit = ramp(dfg, t1, t2) * ramp(dfg, t1, t2);
 	d.ogl_fog_dis = (atm.vis_ground + (dis_to_limb - atm.vis_ground) * orbit) * std::cos(ren.off_lat_rat * 0.25f);
 	d.far_dis = std::max({atm.vis_ground, atm.vis_sky, d.ogl_fog_dis});
-	const float ceiling = 50.0f + 450.0f * ramp(dfg, t1, t2);
-	d.near_dis = std::clamp(dfg * 0.25f, 1.0f, ceiling);
+	ren.planet_is_vis = d.dis_from_ground > t1;
+	d.near_dis = dfg * 0.25f;
+	if (ren.view_is_external) {   // never clip the aircraft watched from outside
+		const int handled = std::clamp(NBPGetNumberPlanesToHandle(stg.numacf, 0), 1, acf_max);
+		for (int p = 0; p < handled; p++) {
+			const float dx = (float)flt[p].dob_x - ren.view_xyz[0], dy = (float)flt[p].dob_y - ren.view_xyz[1], dz = (float)flt[p].dob_z - ren.view_xyz[2];
+			d.near_dis = std::min(d.near_dis, std::sqrt(dx * dx + dy * dy + dz * dz) - veh[0].size_tot * 1.25f);
+		}
+	}
+	d.near_dis = std::clamp(d.near_dis, 1.0f, 50.0f + 450.0f * ramp(dfg, t1, t2));
 	return d;
 }

@@ -8,4 +8,4 @@ struct view_distances {
 	float far_dis, near_dis;
 };
 
-view_distances update_visibility();   // also sets atm.vis_ground, atm.vis_sky, ren.ground_is_vis, ren.stars_are_vis
+view_distances update_visibility();   // also sets atm.vis_ground, atm.vis_sky, ren.ground_is_vis, ren.stars_are_vis, ren.planet_is_vis

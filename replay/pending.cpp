@@ -8,3 +8,4 @@ void MOV_addframe() {}
 void periodic_output() {}   // recording and data output: later steps
 void zero_path() {}            // the recording: later step
 void logbook_entry() {}        // logbook: later step
+void replay_toggle() {}   // entering and leaving replay: replay step

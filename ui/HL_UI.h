@@ -20,6 +20,7 @@ void MACIBM_handleclick(int enter_close);
 void MACIBM_startwind(int new_top_win, const char* from_str);
 int MACIBM_getcontext();
 void APPLICATION_handlemenu(int menu, int item);
+void handle_pan_zoom(int code);   // zoom and pan keys: 31745 in, 31746 out, 50004 and 50005 finely
 void reset_atc_and_plan(const char* callsign_from);   // clears ATC and the plan; "KMMM" both ends, IFR; our call sign from the aircraft's name
 // The dialogs' file list: the working folder (ending in a separator) and its items.
 extern std::string wrk_path;
