@@ -13,3 +13,4 @@ int has_multiplayer();         // 1 while other pilots fly with us
 void set_dataoutput_params();  // the data output's rates and channels for a new flight
 void update_hardware_out();   // the cockpit hardware's outputs, each frame
 void plot_OBJ7();   // objects placed by outside equipment, drawn behind the clouds
+void plot_data_output();   // the data rows shown on screen

@@ -13,3 +13,4 @@ int has_multiplayer() { return 0; }   // multiplayer: later step
 void set_dataoutput_params() {}      // data output: later step
 void update_hardware_out() {}         // cockpit hardware: later step
 void plot_OBJ7() {}   // outside visuals' objects: external-visuals step
+void plot_data_output() {}   // data output on screen: data-output step

@@ -3,7 +3,9 @@
 // flat over it.
 #include "render/HL_GRAPH.h"
 #include "render/ogl.h"
+#include "render/light.h"
 #include "render/sky_colours.h"
+#include "render/sky_objects.h"
 #include "render/sky_dome.h"
 #include "render/sun_moon.h"
 #include "render/view.h"
@@ -21,14 +23,14 @@
 
 namespace {
 
-float sig_rat_top = 1.0f, sig_rat_bot = 1.0f;
+float sig_rat_top = 1.0f, sig_rat_bot = 1.0f, earth_rat = 1.0f;
 
 // Sun, moon, the weather sets at the eye, the sky of the moment and the light.
 void sky_and_light()
 {
 	update_sun_moon();
 	const float rho = find_standard_rho(env.planet, ren.view_ele);
-	const float earth_rat = std::clamp(std::sqrt(std::max(rho, 0.0f) / 1.225f), 0.0f, 1.0f);
+	earth_rat = std::clamp(std::sqrt(std::max(rho, 0.0f) / 1.225f), 0.0f, 1.0f);
 	const float planet_rat = con.sl_r_met > 0.0f ? std::clamp(std::sqrt(std::max(rho, 0.0f) / con.sl_r_met), 0.0f, 1.0f) : earth_rat;
 	sig_rat_top = std::clamp(planet_rat / 0.35f, 0.0f, 1.0f);
 	sig_rat_bot = std::clamp(planet_rat / 0.15f, 0.0f, 1.0f);
@@ -39,6 +41,8 @@ void sky_and_light()
 	compute_sky_256(w, lgt[0].the, morning, vis_sky, sig_rat_top, sig_rat_bot, ren.final_psi - lgt[0].psi);
 	blend_light(w, lgt[0].the, morning, ren.lgt_amb, ren.lgt_dir);
 	blend_world_colours(w, lgt[0].the, morning);
+	update_lightning();
+	update_light({earth_rat, planet_rat, sun_use_ratio(lgt[0].the, earth_rat), lightning_ratio(planet_rat)});
 }
 
 // The panel plate and its instruments, lit at night by the panel's own bitmap or by a
@@ -73,7 +77,6 @@ void draw_panel(int v)
 
 }  // namespace
 
-void WORLD_scene_2d_overlay() {}      // glasses, warnings, text and effects over the picture: a later step
 
 void WORLD_scene_per_dome()
 {
@@ -103,15 +106,15 @@ void WORLD_scene_per_dome()
 	glDisable(GL_CULL_FACE);   // seen from inside, whichever way the strips wind
 	const float the_os = horizon_dip_deg(ren.view_ele, con.planet_rad);   // the sea's horizon, until the ground is drawn
 	draw_sky_dome(the_os, lgt[0].psi);
+	draw_sky_objects(earth_rat);
 	draw_horizon_band(the_os, sig_rat_bot);
 	glEnable(GL_CULL_FACE);
 	glDepthFunc(GL_LEQUAL);
 	const GLfloat amb[4] = {ren.lgt_amb[0], ren.lgt_amb[1], ren.lgt_amb[2], 1.0f}, dif[4] = {ren.lgt_dir[0], ren.lgt_dir[1], ren.lgt_dir[2], 1.0f};
 	glPushMatrix();   // the light from the sun's or moon's direction
-	const int k = lgt[0].the > -10.0f ? 0 : 1;
-	glRotatef(lgt[k].lat, 1.0f, 0.0f, 0.0f);
-	glRotatef(lgt[k].azi, 0.0f, 0.0f, 1.0f);
-	glRotatef(lgt[k].dec, 1.0f, 0.0f, 0.0f);
+	glRotatef(lgt[2].lat, 1.0f, 0.0f, 0.0f);
+	glRotatef(lgt[2].azi, 0.0f, 0.0f, 1.0f);
+	glRotatef(lgt[2].dec, 1.0f, 0.0f, 0.0f);
 	const GLfloat up[4] = {0.0f, 1.0f, 0.0f, 0.0f};
 	glLightfv(GL_LIGHT0, GL_POSITION, up);
 	glPopMatrix();

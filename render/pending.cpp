@@ -35,4 +35,3 @@ void plot_chute() {}
 void plot_fence() {}            // the flight path and its displays: replay step
 void plot_vis_wash() {}
 void plot_flight_path_3d() {}
-void plot_sky_lines() {}        // approach boxes, air streaks, tow and refuelling lines: sky-objects step

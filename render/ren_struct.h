@@ -65,6 +65,17 @@ struct ren_struct {
 	int planet_is_vis;          // high enough that the planet is drawn whole
 	int DL_planet_real;         // display list of the whole planet, 0 until built
 	float lite_rat_on;          // how far the lights of night are on, 0..1
+	float glare_rat;            // the sun's glare in the eye, 0..1
+	float act_puf_rad;          // a cloud puff's radius, metres
+	int draw_shadows;           // cloud shadows and the sun's glitter on water are wanted
+	int DL_stars[6];            // the stars by magnitude band, brightest first
+	// The dominant light's direction, and how far a shadow slides per metre of height.
+	float sin_azi_any, cos_azi_any, sin_dec_any, cos_dec_any, lgt_dx_by_dy, lgt_dz_by_dy;
+	// The terrain's second texture: cloud shadows, else the landing light's pool, else the sun's glitter.
+	int plot_lan_litemap, plot_sun_reflect, shadow_build_tex, sha_or_lit_or_sun;
+	float shadow_alpha, shad_yc;
+	float light_xyz[3], light_x_cen, light_z_cen, light_ds_dx, light_ds_dz, light_dt_dx, light_dt_dz;
+	float reflect_ds_dx, reflect_ds_dz, reflect_dt_dx, reflect_dt_dz;
 	// Per texture id, the id being the OpenGL texture name as well.
 	int tex_dx_vis[tex_id_max], tex_dy_vis[tex_id_max];   // the picture, after scaling
 	int tex_dx_tot[tex_id_max], tex_dy_tot[tex_id_max];   // the power-of-two texture it lives in

@@ -1,9 +1,15 @@
-// The world renderer's start-up in phases: 0 the view's defaults, 3 the planet's sky and
-// light tables, 4 the loaded block's ground. The star catalogue and the fixed textures
-// come with the steps that draw them.
+// The world renderer's start-up in phases: 0 the view's defaults, 1 the star catalogue, 2
+// the fixed textures drawn so far, 3 the planet's sky and light tables, 4 the loaded
+// block's ground.
 #include "render/HL_GRAPH.h"
 #include "render/sky_colours.h"
+#include "render/stars.h"
+#include "render/textures.h"
+#include "core/HL_MAIN.h"
 #include "core/HL_TYPES.h"
+#include "core/files.h"
+#include "platform/plat.h"
+#include <cstdio>
 #include <cmath>
 
 namespace {
@@ -20,7 +26,31 @@ void view_defaults()
 	ren.circ_psi_rad = ren.circ_the_rad = 45.0f * (float)M_PI / 180.0f;
 	ren.current_alpha = 1.0f;
 	ren.pan_brt = 1.0f;
+	ren.act_puf_rad = 300.0f;
+	ren.draw_shadows = 1;
 	mnw.look_down_deg_req = mnw.look_down_deg_act = 0.0f;
+}
+
+// The sky's and the lamps' own textures: the sun's sheet, its disc and glitter, the landing
+// light's pool, night-vision static, aurora and the moon's phases.
+void load_sky_textures()
+{
+	struct named { int id; const char* name; };
+	static const named fixed[] = {{223, "static"}, {224, "lanlite"}, {225, "lights"}, {226, "sunglow"}, {227, "sunreflect"},
+	                              {212, "aurora1"}, {213, "aurora2"}, {214, "aurora3"}, {215, "aurora4"}};
+	for (const named& t : fixed) OGL_texbmp(tex_load, t.id, filt_alpha_mean_mip, bmp_path + "world:" + t.name + ".png");
+	for (int k = 0; k <= 22; k++) {
+		char name[32];
+		std::snprintf(name, sizeof name, "world:moon%02d.png", k);
+		OGL_texbmp(tex_load, 228 + k, filt_alpha_mean_mip, bmp_path + name);
+	}
+}
+
+void load_stars()
+{
+	const std::string path = (env.planet == 1 ? man_path : ean_path) + "astro.dat";
+	read_star_catalogue(ret_host_path(path).c_str());
+	build_star_lists();
 }
 
 }  // namespace
@@ -28,6 +58,8 @@ void view_defaults()
 void init_world_rendering(int init_type)
 {
 	if (init_type == 0) view_defaults();
+	if (init_type == 1) load_stars();
+	if (init_type == 2 && plat_has_gl()) load_sky_textures();
 	if (init_type == 0 || init_type == 3) load_sky_colours(env.planet);   // the planet's sky and light tables
 	if (init_type == 4) set_terrain_normals();
 }

@@ -19,7 +19,14 @@
 //   skydraw                          the 64 x 256 sky table from those: 16 frames of 16
 //                          rows (2 degrees each, the horizon first) by 64 azimuth columns, the
 //                          sun's in the middle; frames by sun elevation as the time pixels
+//   glow X Y W H R G B P     a soft round light in the rectangle: alpha (1 - r) to the power P
+//   disc X Y W H R G B E     a round disc, its edge softened over E of its radius
+//   moon P                   the whole image a moon at phase P (0 new, 0.5 full): a sphere lit
+//                          from the side, the unlit part transparent
+//   aurora SEED              the whole image a curtain of light: green rays, red at their tops
+//   noise SEED A             the whole image grey static of alpha A
 // Blank lines and lines starting with '#' are skipped.
+#include "tools/pngmake.h"
 #include "render/glyph_tables.h"
 #include <ft2build.h>
 #include FT_FREETYPE_H
@@ -32,16 +39,25 @@
 #include <string>
 #include <vector>
 
-namespace {
+namespace pm {
 
 int w = 0, h = 0;
 std::vector<unsigned char> px;
 
-void put(int x, int y, const int c[4])   // y from the top
+void put(int x, int y, const int c[4])
 {
 	if (x < 0 || y < 0 || x >= w || y >= h) return;
 	for (int k = 0; k < 4; k++) px[(size_t)(y * w + x) * 4 + k] = (unsigned char)c[k];
 }
+
+}  // namespace pm
+
+namespace {
+
+using pm::w;
+using pm::h;
+using pm::px;
+using pm::put;
 
 std::vector<double> sky_zenith, sky_horizon, sky_glow;
 double glow_width = 20.0;
@@ -177,6 +193,11 @@ int main(int argc, char** argv)
 						put(i, h - 1 - (f * 16 + j), rgba);
 					}
 			}
+			continue;
+		}
+		std::string why;
+		if (const int done = pm::shape_op(op, ss, &why); done >= 0) {
+			if (!done) return bad(why.c_str());
 			continue;
 		}
 		if (op == "timestrip") {

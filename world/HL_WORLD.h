@@ -25,6 +25,7 @@ float wave_h(float x, float z, float y);   // the water's height at x, z over a 
 void load_region(int full);
 void read_planet_nav();
 void cloud_update_vars();
+float cloud_parcel_rho(float x, float y_msl, float z);   // the cloud's density at a point, 0 clear to 1
 void THREAD_Init();       // one worker per processor
 void THREAD_Cleanup();    // at exit: the workers stop
 int THREAD_RunAsync(int (*inFunc)(int), int inParam, int inDiskIO);   // a call number

@@ -1,7 +1,6 @@
 // The frame through nimbara-fly view: the horizon where pitch, roll, field of view and the
 // dip at the eye's height put it, and no pixel left over from before at any attitude.
-#include "support/images.h"
-#include <png.h>
+#include "support/view_shot.h"
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -12,31 +11,7 @@
 
 namespace {
 
-struct View : ::testing::Test {
-	std::string dir = std::string(NIMBARA_TEST_TREE) + "/" + ::testing::UnitTest::GetInstance()->current_test_info()->name() + "/";
-	int W = 0, H = 0;
-	std::vector<unsigned char> px;   // RGBA, row 0 at the top
-	void SetUp() override
-	{
-		std::filesystem::remove_all(dir);
-		std::filesystem::create_directories(dir);
-	}
-	bool shoot(const std::string& args)
-	{
-		const std::string out = dir + "v.png";
-		const std::string cmd = std::string(NIMBARA_FLY) + " view --tree " + NIMBARA_DATA_TREE + " --size 400x300 " + args + " --png " + out +
-		                        " > " + dir + "log 2>&1";
-		if (std::system(cmd.c_str()) != 0) return false;
-		png_image img{};
-		img.version = PNG_IMAGE_VERSION;
-		if (!png_image_begin_read_from_file(&img, out.c_str())) return false;
-		img.format = PNG_FORMAT_RGBA;
-		W = (int)img.width;
-		H = (int)img.height;
-		px.assign(PNG_IMAGE_SIZE(img), 0);
-		return png_image_finish_read(&img, nullptr, px.data(), 0, nullptr) != 0;
-	}
-	const unsigned char* at(int x, int y_from_bottom) const { return &px[((size_t)(H - 1 - y_from_bottom) * W + x) * 4]; }
+struct View : ViewShot {
 	// The top of the band of fog colour that fills the picture below the horizon, in column x.
 	int horizon(int x) const
 	{
@@ -46,12 +21,6 @@ struct View : ::testing::Test {
 			if (std::abs(p[0] - ground[0]) <= 2 && std::abs(p[1] - ground[1]) <= 2 && std::abs(p[2] - ground[2]) <= 2) return y;
 		}
 		return -1;
-	}
-	int holes() const
-	{
-		int n = 0;
-		for (size_t k = 0; k < px.size(); k += 4) n += px[k] == 255 && px[k + 1] == 0 && px[k + 2] == 255;
-		return n;
 	}
 };
 

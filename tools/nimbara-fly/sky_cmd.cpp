@@ -3,7 +3,10 @@
 #include "tools/nimbara-fly/nimbara_fly.h"
 #include "core/HL_MAIN.h"
 #include "core/HL_TYPES.h"
+#include "render/light.h"
 #include "render/sky_colours.h"
+#include "world/HL_WORLD.h"
+#include <algorithm>
 #include "render/sun_moon.h"
 #include <cmath>
 #include <cstdio>
@@ -55,15 +58,23 @@ int fly_sky(int argc, char** argv)
 	const int light_ok = load_sky_colours(0);
 	if (!light_ok) std::fprintf(stderr, "nimbara-fly: the light tables are missing under %s\n", bmp_path.c_str());
 	static const float clean[5] = {1, 0, 0, 0, 0};   // clear air: the clean set alone
-	std::printf("utc sun_elev sun_azi moon_elev moon_azi moon_phase amb_r amb_g amb_b dir_r dir_g dir_b\n");
+	std::printf("utc sun_elev sun_azi moon_elev moon_azi moon_phase amb_r amb_g amb_b dir_r dir_g dir_b lite_rat_on glare_rat\n");
+	const float alt_m = std::isnan(alt_ft) ? 0.0f : (float)(alt_ft * con.fttomtrs);
+	const float earth_rat = std::clamp(std::sqrt(find_standard_rho(0, alt_m) / 1.225f), 0.0f, 1.0f);
+	atm.vis_sky = atm.vis_ground = 46300.0f;
+	ren.view_ele = alt_m;
+	ren.final_psi = (float)heading;   // looking level along the heading
+	ren.final_the = 0.0f;
 	for (int m : minutes) {
 		update_sun_moon(year, day_of_year(year, month, mday), (float)(m * 60), lat, lon);
 		float amb[3] = {0, 0, 0}, dir[3] = {0, 0, 0};
 		if (light_ok) blend_light(clean, lgt[0].the, hours < 12.0f, amb, dir);
-		std::printf("%02d:%02d %.3f %.3f %.3f %.3f %.4f %.3f %.3f %.3f %.3f %.3f %.3f\n", m / 60, m % 60, lgt[0].the, lgt[0].psi, lgt[1].the,
-		            lgt[1].psi, PhaseFraction, amb[0], amb[1], amb[2], dir[0], dir[1], dir[2]);
+		std::copy(amb, amb + 3, ren.lgt_amb);
+		std::copy(dir, dir + 3, ren.lgt_dir);
+		ren.glare_rat = 0.0f;
+		update_light({earth_rat, earth_rat, sun_use_ratio(lgt[0].the, earth_rat), 0.0f});
+		std::printf("%02d:%02d %.3f %.3f %.3f %.3f %.4f %.3f %.3f %.3f %.3f %.3f %.3f %.3f %.3f\n", m / 60, m % 60, lgt[0].the, lgt[0].psi, lgt[1].the,
+		            lgt[1].psi, PhaseFraction, amb[0], amb[1], amb[2], dir[0], dir[1], dir[2], ren.lite_rat_on + 0.0f, ren.glare_rat + 0.0f);   // no negative zeros
 	}
-	(void)heading;
-	(void)alt_ft;
 	return light_ok ? 0 : 1;
 }

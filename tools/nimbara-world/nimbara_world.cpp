@@ -4,6 +4,7 @@
 int world_navdata(int argc, char** argv);
 int world_scenery(int argc, char** argv);
 int world_dump(int argc, char** argv);
+int world_stars(int argc, char** argv);
 
 static const char* help =
 	"nimbara-world: makes the world's data from real sources.\n"
@@ -27,10 +28,14 @@ static const char* help =
 	"      Prints a quadrant file: 'version N', 'obj TYPE LAT LON PSI_DY [NAME]' per object,\n"
 	"      and per chain 'chain KIND' (roads, trails, rails, power, taxiways, rivers) and\n"
 	"      its 'pt LAT LON' lines.\n"
+	"  nimbara-world stars --bsc FILE --out FILE\n"
+	"      Writes the sky's star catalogue (astro.dat) from the Bright Star Catalogue as a\n"
+	"      text list of declination, right ascension in hours, magnitude and quoted name,\n"
+	"      brightest first.\n"
 	"  nimbara-world --help\n";
 
 int main(int argc, char** argv)
 {
-	static const tool_command cmds[] = {{"navdata", world_navdata}, {"scenery", world_scenery}, {"dump", world_dump}};
-	return tool_main("nimbara-world", help, cmds, 3, argc, argv);
+	static const tool_command cmds[] = {{"navdata", world_navdata}, {"scenery", world_scenery}, {"dump", world_dump}, {"stars", world_stars}};
+	return tool_main("nimbara-world", help, cmds, 4, argc, argv);
 }

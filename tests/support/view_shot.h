@@ -1,0 +1,48 @@
+// A picture taken through nimbara-fly view, for tests that look at what the frame drew.
+#pragma once
+#include <png.h>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+struct ViewShot : ::testing::Test {
+	std::string dir = std::string(NIMBARA_TEST_TREE) + "/" + ::testing::UnitTest::GetInstance()->current_test_info()->name() + "/";
+	int W = 0, H = 0;
+	std::vector<unsigned char> px;   // RGBA, row 0 at the top
+	void SetUp() override
+	{
+		std::filesystem::remove_all(dir);
+		std::filesystem::create_directories(dir);
+	}
+	bool shoot(const std::string& args, const char* size = "400x300")
+	{
+		const std::string out = dir + "v.png";
+		const std::string cmd = std::string(NIMBARA_FLY) + " view --tree " + NIMBARA_DATA_TREE + " --size " + size + " " + args + " --png " + out +
+		                        " > " + dir + "log 2>&1";
+		if (std::system(cmd.c_str()) != 0) return false;
+		png_image img{};
+		img.version = PNG_IMAGE_VERSION;
+		if (!png_image_begin_read_from_file(&img, out.c_str())) return false;
+		img.format = PNG_FORMAT_RGBA;
+		W = (int)img.width;
+		H = (int)img.height;
+		px.assign(PNG_IMAGE_SIZE(img), 0);
+		return png_image_finish_read(&img, nullptr, px.data(), 0, nullptr) != 0;
+	}
+	const unsigned char* at(int x, int y_from_bottom) const { return &px[((size_t)(H - 1 - y_from_bottom) * W + x) * 4]; }
+	int holes() const
+	{
+		int n = 0;
+		for (size_t k = 0; k < px.size(); k += 4) n += px[k] == 255 && px[k + 1] == 0 && px[k + 2] == 255;
+		return n;
+	}
+	double mean(int channel) const
+	{
+		double s = 0.0;
+		for (size_t k = 0; k < px.size(); k += 4) s += px[k + channel];
+		return s / (px.size() / 4);
+	}
+};

@@ -1,0 +1,14 @@
+// The image pngmake draws into, shared by its drawing operations.
+#pragma once
+#include <istream>
+#include <string>
+#include <vector>
+
+namespace pm {
+extern int w, h;
+extern std::vector<unsigned char> px;   // RGBA, rows from the top
+void put(int x, int y, const int c[4]);   // y from the top; outside the image nothing
+// A procedural shape (glow, disc, moon, aurora, noise): 1 drawn, 0 a bad line with the
+// reason, -1 not a shape.
+int shape_op(const std::string& op, std::istream& args, std::string* why);
+}  // namespace pm
