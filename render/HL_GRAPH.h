@@ -51,3 +51,4 @@ void plot_fence();
 void plot_vis_wash();
 void plot_flight_path_3d();
 void plot_sky_lines();
+void plot_text_and_checklist();   // the text sheet or the checklist over the picture

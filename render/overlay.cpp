@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <string>
 
 namespace {
 
@@ -97,9 +98,10 @@ void draw_warnings()
 	if (!stg.warn_text || replay_bar_shown()) return;
 	const float top = mnw.y2_pix;
 	float y = top - 30.0f;
+	static std::string msg;   // its room kept from frame to frame
 	auto right = [&](bool on, const char* s) {
 		if (!on) return;
-		gray_string(69, 898.0f, y, s);
+		gray_string(69, 898.0f, y, msg.assign(s));
 		y -= 10.0f;
 	};
 	bool carb_ice = false, failed = false;
@@ -116,7 +118,7 @@ void draw_warnings()
 	y = top - 50.0f;
 	auto middle = [&](bool on, const char* s) {
 		if (!on) return;
-		gray_string(69, 512.0f, y, s);
+		gray_string(69, 512.0f, y, msg.assign(s));
 		y -= 10.0f;
 	};
 	middle(stg.cat_waiting != 0, "catapult ready: brakes off to launch");

@@ -31,5 +31,5 @@ int opensave_takeit(int n_ret, int file_type);
 void do_key_command(int k);                 // the command of the key map's entry k
 void APPLICATION_handlekey(int type, int key);
 void manage_joy();   // the joystick window, top_win 14
-void plot_text_and_checklist();   // the text sheet or the checklist over the picture
 void plot_atc_menu();   // the controller's menu and the words spoken
+void SPEECH_speakstring(const char* s, int interrupt);   // the line read aloud

@@ -16,5 +16,5 @@ void reset_atc_and_plan(const char*) {}    // ATC and the flight plan: later ste
 void do_key_command(int) {}                 // key commands: later step
 void APPLICATION_handlekey(int, int) {}     // key commands: later step
 void manage_joy() {}   // the joystick window: waits for the widgets of its step
-void plot_text_and_checklist() {}   // text display and checklist: language-files step
 void plot_atc_menu() {}   // ATC menu: ATC step
+void SPEECH_speakstring(const char*, int) {}   // speech: sound step
