@@ -1,5 +1,6 @@
-// The per-frame sky work: the sun and moon, the sky table, the light; and loading a texture
-// from PNG into the scratch buffer.
+// The per-frame sky work: the sun and moon, the sky table, the light with its lamps and
+// glare; and loading a texture from PNG into the scratch buffer.
+#include "render/light.h"
 #include "render/sky_colours.h"
 #include "render/sun_moon.h"
 #include "render/textures.h"
@@ -49,6 +50,24 @@ static void BM_sky_table_and_light(benchmark::State& state)
 	}
 }
 BENCHMARK(BM_sky_table_and_light);
+
+// The light after the tables: lamps, glare, shadows and the ground's second texture;
+// and a frame's try at lightning.
+static void BM_light_of_the_frame(benchmark::State& state)
+{
+	setup();
+	atm.vis_sky = 40000.0f;
+	ren.draw_shadows = 1;
+	float the = -20.0f;
+	for (auto _ : state) {
+		lgt[0].the = lgt[2].the = the;
+		for (int c = 0; c < 3; c++) ren.lgt_amb[c] = ren.lgt_dir[c] = 0.3f;
+		update_light({1.0f, 1.0f, sun_use_ratio(the, 1.0f), 0.0f});
+		the = the > 60.0f ? -20.0f : the + 0.5f;
+		benchmark::DoNotOptimize(ren.glare_rat);
+	}
+}
+BENCHMARK(BM_light_of_the_frame);
 
 static void BM_load_interface_png(benchmark::State& state)
 {
