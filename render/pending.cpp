@@ -13,7 +13,6 @@ void set_up_runway_lit(int, int) {}   // runway lights: terrain-mesh step
 void build_obs(float, float, float, float, const std::string&, int, int) {}   // scenery objects: objects step
 void spawn_puff(float, float, float, float, float, float, float, int, int) {}   // smoke and spray: effects step
 void move_landing_light(float, float) {}   // steerable landing lights: later step
-void terrain_grid_2d_3d(float (*)[401][3], int, int, int) {}   // terrain: terrain-mesh step
 void cloud_plot() {}            // clouds: clouds step
 void plot_puffs() {}            // smoke, dust and spray: effects step
 void OGL_rain() {}              // rain and snow streaks: effects step

@@ -81,6 +81,13 @@ struct ren_struct {
 	int tex_dx_tot[tex_id_max], tex_dy_tot[tex_id_max];   // the power-of-two texture it lives in
 	unsigned tex_vram[tex_id_max];   // bytes given to the driver, every mip level; 0 for nothing loaded
 	int tex_tiles[49];          // land textures: square tiles side by side in the sheet
+	// Land use to land texture, read from the land-use table; water textures first.
+	int tex_of_use[97];
+	int num_land_texes;
+	int tex_is_water[49];
+	// The ground's culling for this frame, and the sea's drift.
+	float cone_buffer_ground, cone_dissqr_ground;
+	float wave_osx_units, wave_osz_units, sin_wave_psi_tpu, cos_wave_psi_tpu;
 };
 
 struct scn_struct {

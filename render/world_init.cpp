@@ -1,9 +1,10 @@
 // The world renderer's start-up in phases: 0 the view's defaults, 1 the star catalogue, 2
 // the fixed textures drawn so far, 3 the planet's sky and light tables, 4 the loaded
-// block's ground.
+// block's ground and the land textures it needs.
 #include "render/HL_GRAPH.h"
 #include "render/sky_colours.h"
 #include "render/stars.h"
+#include "render/terrain.h"
 #include "render/textures.h"
 #include "core/HL_MAIN.h"
 #include "core/HL_TYPES.h"
@@ -28,6 +29,7 @@ void view_defaults()
 	ren.pan_brt = 1.0f;
 	ren.act_puf_rad = 300.0f;
 	ren.draw_shadows = 1;
+	ren.ground_is_vis = 1;   // until the first frame finds otherwise: the first block sets up its ground
 	mnw.look_down_deg_req = mnw.look_down_deg_act = 0.0f;
 }
 
@@ -61,5 +63,9 @@ void init_world_rendering(int init_type)
 	if (init_type == 1) load_stars();
 	if (init_type == 2 && plat_has_gl()) load_sky_textures();
 	if (init_type == 0 || init_type == 3) load_sky_colours(env.planet);   // the planet's sky and light tables
-	if (init_type == 4) set_terrain_normals();
+	if (init_type == 0) read_land_use();
+	if (init_type == 4) {
+		set_terrain_normals();
+		if (plat_has_gl()) set_up_terrain_textures();
+	}
 }

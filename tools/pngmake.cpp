@@ -25,6 +25,13 @@
 //                          from the side, the unlit part transparent
 //   aurora SEED              the whole image a curtain of light: green rays, red at their tops
 //   noise SEED A             the whole image grey static of alpha A
+//   land LATTICE OCTAVES SEED R G B R G B R G B
+//                            ground: noise that wraps at the image's edges, LATTICE cells
+//                            across its height, coloured through three stops
+//   patches LATTICE SEED SHARE R G B A   blotches of a colour over about SHARE of the ground
+//   grid STEP WIDTH R G B A  lines every STEP pixels both ways
+//   sea STATE                the sea in state 1 (calm) to 7 (high), at the frame given on
+//                            the command line (0..15, one loop)
 // Blank lines and lines starting with '#' are skipped.
 #include "tools/pngmake.h"
 #include "render/glyph_tables.h"
@@ -34,6 +41,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -139,7 +147,8 @@ bool glyphs(int charset, const std::string& font, int pixels, std::string* error
 
 int main(int argc, char** argv)
 {
-	if (argc != 3) { std::fprintf(stderr, "usage: pngmake SOURCE.txt OUT.png\n"); return 2; }
+	if (argc != 3 && argc != 4) { std::fprintf(stderr, "usage: pngmake SOURCE.txt OUT.png [FRAME]\n"); return 2; }
+	if (argc == 4) pm::frame_number = std::atoi(argv[3]);
 	std::ifstream in(argv[1]);
 	if (!in) { std::fprintf(stderr, "pngmake: cannot read %s\n", argv[1]); return 1; }
 	int line_no = 0;

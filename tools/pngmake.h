@@ -8,6 +8,7 @@ namespace pm {
 extern int w, h;
 extern std::vector<unsigned char> px;   // RGBA, rows from the top
 void put(int x, int y, const int c[4]);   // y from the top; outside the image nothing
+extern int frame_number;   // an animation's frame, from the command line
 // A procedural shape (glow, disc, moon, aurora, noise): 1 drawn, 0 a bad line with the
 // reason, -1 not a shape.
 int shape_op(const std::string& op, std::istream& args, std::string* why);

@@ -86,7 +86,76 @@ void aurora(uint32_t seed)
 	}
 }
 
+// Value noise that wraps: a lattice of px by py cells over the image, so that the sheet
+// tiles with itself side to side and top to bottom.
+double wrap_noise(double x, double y, int px, int py, uint32_t seed)
+{
+	auto h = [&](int i, int j) {
+		uint32_t k = (uint32_t)(((i % px) + px) % px) * 73856093u ^ (uint32_t)(((j % py) + py) % py) * 19349663u ^ seed * 83492791u;
+		k ^= k >> 13;
+		k *= 0x5bd1e995u;
+		k ^= k >> 15;
+		return (k & 0xffffff) / 16777215.0;
+	};
+	const int i = (int)std::floor(x), j = (int)std::floor(y);
+	double u = x - i, v = y - j;
+	u = u * u * (3.0 - 2.0 * u);
+	v = v * v * (3.0 - 2.0 * v);
+	const double a = h(i, j) + (h(i + 1, j) - h(i, j)) * u, b = h(i, j + 1) + (h(i + 1, j + 1) - h(i, j + 1)) * u;
+	return a + (b - a) * v;
+}
+
+// Octaves of it: 0..1, cells lattice cells across the image's height.
+double wrap_fbm(int x, int y, int cells, int octaves, uint32_t seed)
+{
+	double sum = 0.0, amp = 0.5, norm = 0.0;
+	int cy = std::max(cells, 1), cx = std::max(cells * w / std::max(h, 1), 1);
+	for (int o = 0; o < octaves; o++) {
+		sum += amp * wrap_noise((x + 0.5) * cx / w, (y + 0.5) * cy / h, cx, cy, seed + (uint32_t)o);
+		norm += amp;
+		amp *= 0.5;
+		cx *= 2;
+		cy *= 2;
+	}
+	return sum / norm;
+}
+
+void blend_into(int x, int y, const double rgb[3], double a)
+{
+	unsigned char* p = &px[(size_t)(y * w + x) * 4];
+	for (int c = 0; c < 3; c++) p[c] = (unsigned char)byte(p[c] + (rgb[c] - p[c]) * a);
+	p[3] = 255;
+}
+
+// The sea: long swell and shorter chop from a few directions, each a whole number of waves
+// across the sheet so that it tiles, moving through one loop in sixteen frames.
+void sea(int state, int frame)
+{
+	const double phase = 2.0 * M_PI * frame / 16.0, rough = state / 6.0;
+	// Shading only: the frame tints it with the water colour of the hour.
+	const double deep[3] = {168, 184, 200}, crest[3] = {226, 234, 240}, foam[3] = {255, 255, 255};
+	static const int waves[6][2] = {{1, 2}, {2, -1}, {3, 1}, {-2, 3}, {5, -4}, {-7, 6}};
+	for (int y = 0; y < h; y++)
+		for (int x = 0; x < w; x++) {
+			double v = 0.0, norm = 0.0;
+			for (int k = 0; k < 6; k++) {
+				const double amp = 1.0 / (1.0 + k * (1.5 - rough)), arg = 2.0 * M_PI * (waves[k][0] * (double)x / w + waves[k][1] * (double)y / h);
+				v += amp * std::sin(arg + phase * (k % 3 + 1));
+				norm += amp;
+			}
+			v = 0.5 + 0.5 * v / norm;   // 0 trough .. 1 crest
+			double c[3];
+			for (int i = 0; i < 3; i++) c[i] = deep[i] + (crest[i] - deep[i]) * v * (0.4 + 0.6 * rough);
+			const double whitecap = std::clamp((v - (1.0 - 0.25 * rough)) / 0.06, 0.0, 1.0) * rough;
+			for (int i = 0; i < 3; i++) c[i] += (foam[i] - c[i]) * whitecap;
+			const int rgba[4] = {byte(c[0]), byte(c[1]), byte(c[2]), 255};
+			put(x, y, rgba);
+		}
+}
+
 }  // namespace
+
+int frame_number = 0;
 
 int shape_op(const std::string& op, std::istream& ss, std::string* why)
 {
@@ -126,6 +195,50 @@ int shape_op(const std::string& op, std::istream& ss, std::string* why)
 					put(x, y, c);
 				}
 		}
+		return 1;
+	}
+	if (op == "land") {   // land LATTICE OCTAVES SEED then three colours, dark to light
+		int cells, oct;
+		uint32_t seed;
+		double c[9];
+		if (!(ss >> cells >> oct >> seed) || cells < 1 || oct < 1 || oct > 8) { *why = "needs LATTICE OCTAVES SEED and three colours"; return 0; }
+		for (double& v : c)
+			if (!(ss >> v)) { *why = "needs three colours"; return 0; }
+		for (int y = 0; y < h; y++)
+			for (int x = 0; x < w; x++) {
+				const double n = std::clamp((wrap_fbm(x, y, cells, oct, seed) - 0.2) / 0.6, 0.0, 1.0);
+				const int k = n < 0.5 ? 0 : 3;
+				const double u = n < 0.5 ? n * 2.0 : n * 2.0 - 1.0;
+				const int rgba[4] = {byte(c[k] + (c[k + 3] - c[k]) * u), byte(c[k + 1] + (c[k + 4] - c[k + 1]) * u), byte(c[k + 2] + (c[k + 5] - c[k + 2]) * u), 255};
+				put(x, y, rgba);
+			}
+		return 1;
+	}
+	if (op == "patches") {   // patches LATTICE SEED SHARE R G B A: blotches covering about SHARE of the ground
+		int cells;
+		uint32_t seed;
+		double share, rgb[3], a;
+		if (!(ss >> cells >> seed >> share >> rgb[0] >> rgb[1] >> rgb[2] >> a) || cells < 1) { *why = "needs LATTICE SEED SHARE R G B A"; return 0; }
+		for (int y = 0; y < h; y++)
+			for (int x = 0; x < w; x++) {
+				const double n = wrap_fbm(x, y, cells, 2, seed);
+				if (n > 1.0 - share) blend_into(x, y, rgb, a * std::clamp((n - (1.0 - share)) * 20.0, 0.0, 1.0));
+			}
+		return 1;
+	}
+	if (op == "grid") {   // grid STEP WIDTH R G B A: streets every STEP pixels
+		int step, width;
+		double rgb[3], a;
+		if (!(ss >> step >> width >> rgb[0] >> rgb[1] >> rgb[2] >> a) || step < 2 || width < 1) { *why = "needs STEP WIDTH R G B A"; return 0; }
+		for (int y = 0; y < h; y++)
+			for (int x = 0; x < w; x++)
+				if (x % step < width || y % step < width) blend_into(x, y, rgb, a);
+		return 1;
+	}
+	if (op == "sea") {   // sea STATE: the frame comes from the command line
+		int state;
+		if (!(ss >> state) || state < 1 || state > 7) { *why = "needs a sea state 1..7"; return 0; }
+		sea(state - 1, frame_number);
 		return 1;
 	}
 	return -1;

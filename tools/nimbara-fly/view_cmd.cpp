@@ -73,8 +73,10 @@ int fly_view(int argc, char** argv)
 	f.dob_lat = lat;
 	f.dob_lon = lon;
 	f.dob_ele = alt_ft * con.fttomtrs;
-	env.lat_sou = (int)std::floor(lat);
-	env.lon_wes = (int)std::floor(lon);
+	ren.ground_is_vis = 1;   // the block round the place, its ground set up for drawing
+	env.lat_sou = (int)std::lround(lat - lat_secs_os[env.planet == 1]);
+	env.lon_wes = (int)std::lround(lon - lon_secs_os[env.planet == 1]);
+	load_region(1);
 	xdob_xyz_with_latlonel(f.dob_x, f.dob_y, f.dob_z, f.dob_lat, f.dob_lon, f.dob_ele);
 	f.psi = (float)std::fmod(heading + 360.0, 360.0);
 	f.the = (float)pitch;

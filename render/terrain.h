@@ -1,0 +1,20 @@
+// The ground's drawing: the land-use table, the textures each block needs, and the grid
+// drawn in strips by texture.
+#pragma once
+#include <cstdint>
+#include <string>
+
+constexpr int land_tex_max = 49;
+extern uint16_t PLOT_planetex[451][401];   // what each cell draws: a land texture, or 1000..6999 a texture of its own
+extern char ter_inrange[451][401];         // the cell passes this frame's cone
+
+int read_land_use();   // the land-use table into tex_of_use, num_land_texes, tex_is_water; 1 when read
+int landuse_to_tex(int code);
+// The region folder holding texture t at this place: the texture's file path (".bmp"), or
+// empty when no folder holds the place.
+std::string border_get_tex_paths(int t, double lat, double lon);
+void set_up_terrain_textures();   // phase 4: the cells' textures, and the ones the block needs loaded
+int water_tex();                  // the sea's texture this frame: its state and animation frame
+void terrain_mark_range(float (*xyz)[401][3], int draw_all);   // ter_inrange over the grid range: the cone, or all
+int inside_cw_reg(float x1, float z1, float x2, float z2, float x, float z, float buffer);
+void set_water_land_color_state(int is_water, int is_clear, int tex, int fog, int deR, int deW);
