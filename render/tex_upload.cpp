@@ -63,7 +63,7 @@ void OGL_load_tex(const std::string& path, int index, int reduction, int filter_
 	glTexImage2D(GL_TEXTURE_2D, reduction, rgb_type, dx, dy, 0, (GLenum)rgb_type, GL_UNSIGNED_BYTE, array);
 	const GLint edge = ren.tex_clamp_avail ? GL_CLAMP_TO_EDGE : GL_CLAMP;
 	glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, repeats(index) ? GL_REPEAT : edge);
-	glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP);
+	glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, edge);   // the old clamp blends in a black border: seams between strips
 	if (ren.max_iso > 0.0f)
 		glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, in(index, 50, 176) || in(index, 364, 376) ? ren.max_iso : 1.0f);
 	const bool mip = filter_type == filt_rgb_mip || filter_type == filt_alpha_mean_mip || filter_type == filt_key_magenta_mip ||
