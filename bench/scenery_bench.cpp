@@ -1,13 +1,18 @@
 // The scenery's costs: a whole block loaded from the generated files round Los Angeles
 // (six quadrants and the airports' ground), a one-degree step of the block, and the
-// ground height under a point, from the last cell and after a long walk.
+// ground height under a point, from the last cell and after a long walk; and the ground's
+// culling for a frame.
 #include "world/scenery.h"
+#include "render/terrain.h"
+#include "render/view.h"
 #include "world/nav_data.h"
 #include "core/HL_MAIN.h"
 #include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
 #include "world/HL_WORLD.h"
 #include <benchmark/benchmark.h>
+#include <cmath>
+#include <string>
 
 static void setup()
 {
@@ -70,3 +75,32 @@ static void BM_ground_after_a_walk_across_the_block(benchmark::State& state)
 	}
 }
 BENCHMARK(BM_ground_after_a_walk_across_the_block);
+
+// The ground's culling each frame: the view's cone and the cells it keeps, looking level
+// over the block with 25 nm of visibility, the heading turning.
+static void BM_ground_cone_and_cells_in_range(benchmark::State& state)
+{
+	setup();
+	load_region(1);
+	flt_struct& f = flt[0];
+	xdob_xyz_with_latlonel(f.dob_x, f.dob_y, f.dob_z, 34.0, -117.5, 1500.0);
+	f.dob_ele = 1500.0;
+	f.cos_the = f.cos_phi = 1.0f;
+	mnw.x_res_now = 1024;
+	mnw.y_res_now = 768;
+	atm.vis_ground = atm.vis_sky = 46300.0f;
+	float psi = 0.0f;
+	int cells = 0;
+	for (auto _ : state) {
+		f.psi = psi;
+		f.sin_psi = std::sin(psi * 0.0174533f);
+		f.cos_psi = std::cos(psi * 0.0174533f);
+		WORLD_view_per_frame();
+		update_ground_cone(1500.0f);
+		terrain_mark_range(planexyz, 0);
+		cells = (ren.i2_plot - ren.i1_plot + 1) * (ren.j2_plot - ren.j1_plot + 1);
+		psi = psi > 350.0f ? 0.0f : psi + 7.0f;
+	}
+	state.SetLabel(std::to_string(cells) + " cells in the last range");
+}
+BENCHMARK(BM_ground_cone_and_cells_in_range);

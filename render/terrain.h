@@ -7,6 +7,9 @@
 constexpr int land_tex_max = 49;
 extern uint16_t PLOT_planetex[451][401];   // what each cell draws: a land texture, or 1000..6999 a texture of its own
 extern char ter_inrange[451][401];         // the cell passes this frame's cone
+// A bordered cell's layers, lowest first: land textures and their masks, 9999 for none.
+extern uint16_t BORD_planetex[451][401][4];
+extern uint16_t BORD_alphatex[451][401][4];
 
 int read_land_use();   // the land-use table into tex_of_use, num_land_texes, tex_is_water; 1 when read
 int landuse_to_tex(int code);
@@ -18,3 +21,8 @@ int water_tex();                  // the sea's texture this frame: its state and
 void terrain_mark_range(float (*xyz)[401][3], int draw_all);   // ter_inrange over the grid range: the cone, or all
 int inside_cw_reg(float x1, float z1, float x2, float z2, float x, float z, float buffer);
 void set_water_land_color_state(int is_water, int is_clear, int tex, int fog, int deR, int deW);
+// The mask index of the corners (c0 south-west, c1 north-west, c2 north-east, c3 south-east)
+// holding texture t: 1 to 14, 0 for none or all.
+int border_which_index(int c0, int c1, int c2, int c3, int t);
+int border_is_land_bridge(int i, int j, int which_border);
+void cell_border_layers(int i, int j);   // one cell's layers, or nothing when its corners agree
