@@ -1,6 +1,7 @@
 // The land-use table: each land-use code to a land texture, codes with one path sharing
 // one texture, the water textures numbered first so that water lies under everything.
 #include "render/terrain.h"
+#include "render/textures.h"
 #include "core/HL_MAIN.h"
 #include "core/HL_TYPES.h"
 #include "core/files.h"
@@ -63,3 +64,16 @@ int read_land_use()
 }
 
 int landuse_to_tex(int code) { return code < 97 ? ren.tex_of_use[code < 0 ? 0 : code] : code; }
+
+int check_land_textures()
+{
+	int missing = 0;
+	for (int t = 0; t < ren.num_land_texes; t++) {
+		const std::string path = border_get_tex_paths(t, flt[0].dob_lat, flt[0].dob_lon);
+		if (!path.empty() && (std::ifstream(ret_host_path(tex_file_path(path, ".png"))) || std::ifstream(ret_host_path(tex_file_path(path, ".bmp")))))
+			continue;
+		NB_ALERT("Pre-flight texture-check: Could not open land-use texture!", stl.tex_path[t], "Exact path is:", path, alert_notice);
+		missing++;
+	}
+	return missing;
+}

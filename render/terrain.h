@@ -13,6 +13,7 @@ extern uint16_t BORD_alphatex[451][401][4];
 
 int read_land_use();   // the land-use table into tex_of_use, num_land_texes, tex_is_water; 1 when read
 int landuse_to_tex(int code);
+int check_land_textures();   // each land texture's file there at start; the number missing, each with its alert
 // The region folder holding texture t at this place: the texture's file path (".bmp"), or
 // empty when no folder holds the place.
 std::string border_get_tex_paths(int t, double lat, double lon);

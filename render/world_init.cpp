@@ -63,7 +63,7 @@ void init_world_rendering(int init_type)
 	if (init_type == 1) load_stars();
 	if (init_type == 2 && plat_has_gl()) load_sky_textures();
 	if (init_type == 0 || init_type == 3) load_sky_colours(env.planet);   // the planet's sky and light tables
-	if (init_type == 0) read_land_use();
+	if (init_type == 0 && read_land_use()) check_land_textures();
 	if (init_type == 4) {
 		set_terrain_normals();
 		if (plat_has_gl()) set_up_terrain_textures();

@@ -109,6 +109,11 @@ TEST(Terrain, TheSmallestRegionFolderHoldingThePlaceGivesTheTexture)
 	EXPECT_EQ(border_get_tex_paths(0, 34.5, -117.5), dir + "terrain:scrub +34+35 -118-117:scrub0_000.bmp");
 	EXPECT_EQ(border_get_tex_paths(0, 36.0, -117.5), dir + "terrain:scrub +30+40 -125-110:scrub0_000.bmp");
 	EXPECT_EQ(border_get_tex_paths(0, -10.0, 20.0), dir + "terrain:scrub -90+90 -180+180:scrub0_000.bmp");
+	// At start each texture's file is looked for, as PNG or BMP.
+	ren.num_land_texes = 1;
+	EXPECT_EQ(check_land_textures(), 1);
+	std::ofstream(dir + "terrain/scrub -90+90 -180+180/scrub0_000.png") << "x";
+	EXPECT_EQ(check_land_textures(), 0);
 }
 
 // The cells under a camera looking straight down, and ahead of one looking level, are in
