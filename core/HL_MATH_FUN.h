@@ -51,6 +51,7 @@ double ret_lon_ref();
 // Local frame <-> latitude, longitude (deg) and elevation above the sphere (m).
 void xdob_latlonel_with_xyz(double& lat, double& lon, double& ele, double x, double y, double z);
 void xdob_xyz_with_latlonel(double& x, double& y, double& z, double lat, double lon, double ele);
+void xdob_xyz_with_latlonel(float xyz[3], double lat, double lon, double ele);   // the same, as drawing keeps it
 void latlonel_with_xyz(float& lat, float& lon, float& ele, float x, float y, float z);
 void xyz_with_latlonel(float& x, float& y, float& z, float lat, float lon, float ele);
 // The same about any reference point, and the rotation from such a frame to the horizon at a place.

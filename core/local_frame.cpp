@@ -44,6 +44,15 @@ void xdob_xyz_with_latlonel(double& x, double& y, double& z, double lat, double 
 	xdob_xyz_with_latlonel_ref(x, y, z, lat, lon, ele, ret_lat_ref(), ret_lon_ref());
 }
 
+void xdob_xyz_with_latlonel(float xyz[3], double lat, double lon, double ele)
+{
+	double x, y, z;
+	xdob_xyz_with_latlonel(x, y, z, lat, lon, ele);
+	xyz[0] = (float)x;
+	xyz[1] = (float)y;
+	xyz[2] = (float)z;
+}
+
 void xdob_latlonel_with_xyz_ref(double& lat, double& lon, double& ele, double x, double y, double z, double lat_ref, double lon_ref)
 {
 	double R = con.planet_rad;

@@ -18,15 +18,6 @@ namespace {
 
 constexpr float ftm = 0.3048f;
 
-void world_at(double lat, double lon, double ele, float p[3])
-{
-	double x, y, z;
-	xdob_xyz_with_latlonel(x, y, z, lat, lon, ele);
-	p[0] = (float)x;
-	p[1] = (float)y;
-	p[2] = (float)z;
-}
-
 // A point of aircraft p's body (feet) in the world.
 void body_point(int p, const float xyz_ft[3], float out[3])
 {
@@ -46,7 +37,7 @@ void approach_box(const vec_nav_struct& loc, float course, float slope, float gs
 	double lat, lon;
 	latlon_offset(loc.lat, loc.lon, -std::sin(course * d) * dis, -std::cos(course * d) * dis, &lat, &lon);
 	float c[3];
-	world_at(lat, lon, gs_h + dis * std::tan(slope * d), c);
+	xdob_xyz_with_latlonel(c, lat, lon, gs_h + dis * std::tan(slope * d));
 	const float side[2] = {std::cos(course * d), std::sin(course * d)};   // across the course, in x and z
 	glBegin(GL_LINE_LOOP);
 	glVertex3f(c[0] - side[0] * hw, c[1] - hh, c[2] - side[1] * hw);
@@ -61,7 +52,7 @@ void marker_beam(const vec_nav_struct& m, float course, int colour)
 {
 	const float d = con.degtorad, up = 1000.0f, along = up * std::tan(20.0f * d), across = up * std::tan(40.0f * d);
 	float b[3], top[4][3];
-	world_at(m.lat, m.lon, m.h, b);
+	xdob_xyz_with_latlonel(b, m.lat, m.lon, m.h);
 	const float ax = std::sin(course * d), az = -std::cos(course * d), cx = std::cos(course * d), cz = std::sin(course * d);
 	const float sgn[4][2] = {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}};
 	for (int k = 0; k < 4; k++) {

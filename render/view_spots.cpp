@@ -14,15 +14,6 @@ const vec_apt_struct* local_airport()
 	return vec_apt.empty() ? nullptr : &vec_apt[(size_t)std::clamp(msc.loc_apt_wrl, 0, (int)vec_apt.size() - 1)];
 }
 
-void world_point(double lat, double lon, double ele, float xyz[3])
-{
-	double x, y, z;
-	xdob_xyz_with_latlonel(x, y, z, lat, lon, ele);
-	xyz[0] = (float)x;
-	xyz[1] = (float)y;
-	xyz[2] = (float)z;
-}
-
 float dist2(const float a[3], const float b[3])
 {
 	return (a[0] - b[0]) * (a[0] - b[0]) + (a[1] - b[1]) * (a[1] - b[1]) + (a[2] - b[2]) * (a[2] - b[2]);
@@ -42,7 +33,7 @@ void nearest_runway_end(const float ref[3], float spot[3])
 			double lat, lon;
 			latlon_offset(w.lat, w.lon, half * std::sin(hdg), half * std::cos(hdg), &lat, &lon);
 			float p[3];
-			world_point(lat, lon, a->h + 1.8, p);
+			xdob_xyz_with_latlonel(p, lat, lon, a->h + 1.8);
 			const float d = dist2(p, ref);
 			if (d < best) {
 				best = d;
@@ -57,9 +48,9 @@ int tower_point(const float ref[3], float xyz[3])
 	const vec_apt_struct* a = local_airport();
 	float tower[3];
 	bool have = true;
-	if (a && (std::fabs(a->twr_lat) > 0.01f || std::fabs(a->twr_lon) > 0.01f)) world_point(a->twr_lat, a->twr_lon, a->h + a->twr_hgt, tower);
-	else if (a && (std::fabs(a->bcn_lat) > 0.01f || std::fabs(a->bcn_lon) > 0.01f)) world_point(a->bcn_lat, a->bcn_lon, a->h + 20.0, tower);
-	else if (a && !a->sta.empty()) world_point(a->sta[0].lat, a->sta[0].lon, a->h + 1.8, tower);
+	if (a && (std::fabs(a->twr_lat) > 0.01f || std::fabs(a->twr_lon) > 0.01f)) xdob_xyz_with_latlonel(tower, a->twr_lat, a->twr_lon, a->h + a->twr_hgt);
+	else if (a && (std::fabs(a->bcn_lat) > 0.01f || std::fabs(a->bcn_lon) > 0.01f)) xdob_xyz_with_latlonel(tower, a->bcn_lat, a->bcn_lon, a->h + 20.0);
+	else if (a && !a->sta.empty()) xdob_xyz_with_latlonel(tower, a->sta[0].lat, a->sta[0].lon, a->h + 1.8);
 	else have = false;
 	const float carrier[3] = {env.boat_x[0], env.boat_y[0], env.boat_z[0]};
 	const float dc = (ref[0] - carrier[0]) * (ref[0] - carrier[0]) + (ref[2] - carrier[2]) * (ref[2] - carrier[2]);
