@@ -164,3 +164,4 @@ int dec_needed(float x)
 }
 
 float ran01() { return (float)std::rand() / (float)RAND_MAX; }
+float ran_between(float lo, float hi) { return lo + (hi - lo) * ran01(); }

@@ -15,6 +15,7 @@ void init_con();                    // the fixed constants of con
 void set_planet_specs(int planet);  // 0 Earth, 1 Mars: the planet values of con
 void init_tables();                 // randrat, lookup_sin, lookup_cos
 float ran01();                      // a random ratio 0..1 from the C library's generator, which start-up seeds
+float ran_between(float lo, float hi);   // the same, spread over lo..hi
 
 // Arithmetic.
 float fltlim(float x, float lo, float hi);

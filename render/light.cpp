@@ -19,11 +19,7 @@ namespace {
 
 constexpr float nm = 1852.0f;
 
-float ramp(float v, float at0, float at1) { return std::clamp((v - at0) / (at1 - at0), 0.0f, 1.0f); }
-
 float max_vis() { return env.planet == 1 ? 111120.0f : 46300.0f; }
-
-float wrap180(float a) { return a - 360.0f * std::floor((a + 180.0f) / 360.0f); }
 
 // The dominant light: the sun's and moon's directions blended by their shares.
 void blend_any(float sun_use)
@@ -31,9 +27,9 @@ void blend_any(float sun_use)
 	sky_light& a = lgt[2];
 	const float m = 1.0f - sun_use;
 	a.lat = lgt[0].lat * sun_use + lgt[1].lat * m;
-	a.azi = lgt[0].azi + wrap180(lgt[1].azi - lgt[0].azi) * m;
+	a.azi = lgt[0].azi + fltwrap(lgt[1].azi - lgt[0].azi, -180.0f, 180.0f) * m;
 	a.dec = lgt[0].dec * sun_use + lgt[1].dec * m;
-	a.psi = lgt[0].psi + wrap180(lgt[1].psi - lgt[0].psi) * m;
+	a.psi = lgt[0].psi + fltwrap(lgt[1].psi - lgt[0].psi, -180.0f, 180.0f) * m;
 	a.the = lgt[0].the * sun_use + lgt[1].the * m;
 	const float d = con.degtorad;
 	ren.sin_azi_any = std::sin(a.azi * d);
@@ -94,7 +90,7 @@ void choose_second_texture(float manual_sum)
 	flt[0].lite_map = (flt[0].lan_lite || flt[0].tax_lite) && tot_volt_avail() > 0.1f;
 	if (sun > 5.0f && ren.draw_shadows && atm.cld_type[p] > 0 && !overcast) {
 		const float contrast = (ren.cld_lgt[0] + ren.cld_lgt[1] + ren.cld_lgt[2] - ren.cld_drk[0] - ren.cld_drk[1] - ren.cld_drk[2]) / 3.0f;
-		float a = std::sqrt(std::max(contrast, 0.0f)) * ramp(sun, 5.0f, 15.0f);
+		float a = std::sqrt(std::max(contrast, 0.0f)) * interp(5.0f, 0.0f, 15.0f, 1.0f, sun, 0);
 		const int type = atm.cld_type[p];
 		ren.shadow_build_tex = type >= 3 ? 421 : type == 2 ? 204 : 203;
 		ren.shadow_final_tex = type >= 3 ? 422 : 423;
@@ -119,8 +115,8 @@ void choose_second_texture(float manual_sum)
 void glare(float manual_sum, float sun_the)
 {
 	const float vis = atm.vis_sky;
-	const float night_fade = ramp(sun_the, 2.0f, 4.0f), vis_fade = ramp(vis, 5.0f * nm, 10.0f * nm);
-	const float dthe = ren.final_the - lgt[2].the, dpsi = wrap180(ren.final_psi - lgt[2].psi);
+	const float night_fade = interp(2.0f, 0.0f, 4.0f, 1.0f, sun_the, 0), vis_fade = interp(5.0f * nm, 0.0f, 10.0f * nm, 1.0f, vis, 0);
+	const float dthe = ren.final_the - lgt[2].the, dpsi = fltwrap(ren.final_psi - lgt[2].psi, -180.0f, 180.0f);
 	const float angle_off = std::sqrt(dthe * dthe + dpsi * dpsi);
 	float g = std::clamp(manual_sum * (1.0f - angle_off * 0.05f) * 0.33f * night_fade * vis_fade, 0.0f, 1.0f);
 	if (ren.sunglasses_on) g *= 0.5f;
@@ -134,7 +130,7 @@ void glare(float manual_sum, float sun_the)
 
 float sun_use_ratio(float sun_the, float earth_rat)
 {
-	const float s = ramp(sun_the, -15.0f, -10.0f);
+	const float s = interp(-15.0f, 0.0f, -10.0f, 1.0f, sun_the, 0);
 	return s + (1.0f - s) * (1.0f - std::clamp(earth_rat, 0.0f, 1.0f));   // out of the air the sun always lights
 }
 
@@ -166,8 +162,8 @@ void update_light(const light_inputs& in)
 	amb_lite = (ren.lgt_amb[0] + ren.lgt_amb[1] + ren.lgt_amb[2] + ren.lgt_dir[0] + ren.lgt_dir[1] + ren.lgt_dir[2]) / 6.0f;
 	// A strike lights the world the darker it is; inside the flash, the thicker the air.
 	float flash = in.rat_lightning;
-	if (flt[0].str_inflash) flash += in.planet_rat * (1.0f - ramp(atm.vis_sky, 0.0f, nm));
-	rat_lite = std::clamp(flash, 0.0f, 1.0f) * (1.0f - ramp(amb_lite, 0.0f, 0.5f));
+	if (flt[0].str_inflash) flash += in.planet_rat * interp(0.0f, 1.0f, nm, 0.0f, atm.vis_sky, 0);
+	rat_lite = std::clamp(flash, 0.0f, 1.0f) * interp(0.0f, 1.0f, 0.5f, 0.0f, amb_lite, 0);
 	inc_colors(rat_lite, rat_lite, rat_lite, 0);
 	if (ren.night_vision_on) {   // the tube shows all light as green
 		inc_colors(-10.0f, 10.0f, -10.0f, 1);
@@ -183,7 +179,7 @@ void update_light(const light_inputs& in)
 	g_manual_lighting = (ren.lgt_amb[1] + ren.lgt_dir[1]) * 0.5f;
 	b_manual_lighting = (ren.lgt_amb[2] + ren.lgt_dir[2]) * 0.5f;
 	const float manual_sum = r_manual_lighting + g_manual_lighting + b_manual_lighting;
-	if (rat_lite < 0.01f) ren.lite_rat_on = 1.0f - ramp(manual_sum * 0.33f, 0.4f, 0.65f);   // a flash leaves the lamps as they were
+	if (rat_lite < 0.01f) ren.lite_rat_on = interp(0.4f, 1.0f, 0.65f, 0.0f, manual_sum * 0.33f, 0);   // a flash leaves the lamps as they were
 	const int lit = ren.lite_rat_on > 0.25f && flt[0].fail_stat[43] != 6 && flt[0].fail_stat[44] != 6 && tot_volt_avail() > 0.1f;
 	if (lit != ren.cockpit_lite_on) {
 		ren.cockpit_lite_on = lit;

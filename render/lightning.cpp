@@ -3,24 +3,25 @@
 // ground, light the world by their nearness for a moment, and are heard when close.
 #include "render/sky_objects.h"
 #include "render/ogl.h"
+#include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
 #include "ui/HL_UI.h"
 #include "world/HL_WORLD.h"
 #include <GL/gl.h>
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 
 namespace {
 
 constexpr float nm = 1852.0f;
 constexpr int segs = 200;
-uint32_t seed = 777u;
 
-float rnd(float lo, float hi)
+// A point that far out from the eye, on that bearing.
+void strike_point(float distance_nm, float bearing_deg, float* x, float* z)
 {
-	seed = seed * 1664525u + 1013904223u;
-	return lo + (hi - lo) * (float)(seed >> 8) / 16777216.0f;
+	const float d = con.degtorad;
+	*x = ren.view_xyz[0] + std::sin(bearing_deg * d) * distance_nm * nm;
+	*z = ren.view_xyz[2] - std::cos(bearing_deg * d) * distance_nm * nm;
 }
 
 }  // namespace
@@ -28,9 +29,9 @@ float rnd(float lo, float hi)
 int lightning_try_strike(float parcel_rho, float distance_nm, float bearing_deg, float now)
 {
 	if (parcel_rho <= 0.2f) return 0;   // only a dense cloud discharges
-	const float d = con.degtorad, dist = distance_nm * nm;
 	const int p = atm.prim_layer & 1;
-	const float x = ren.view_xyz[0] + std::sin(bearing_deg * d) * dist, z = ren.view_xyz[2] - std::cos(bearing_deg * d) * dist;
+	float x, z;
+	strike_point(distance_nm, bearing_deg, &x, &z);
 	const float top = atm.base_h_MSL[p] - (float)flt[0].dob_ele + (float)flt[0].dob_y + ren.act_puf_rad;
 	float vx, vy, vz;
 	int i = 0, j = 0;
@@ -42,12 +43,12 @@ int lightning_try_strike(float parcel_rho, float distance_nm, float bearing_deg,
 			atm.strike_xyz[s][k][0] = px;
 			atm.strike_xyz[s][k][1] = top - step * k;
 			atm.strike_xyz[s][k][2] = pz;
-			px += step * rnd(-0.5f, 0.5f);
-			pz += step * rnd(-0.5f, 0.5f);
+			px += step * ran_between(-0.5f, 0.5f);
+			pz += step * ran_between(-0.5f, 0.5f);
 		}
 	}
 	atm.strike_distance = distance_nm;
-	atm.strike_stop_time = now + rnd(0.2f, 0.4f);
+	atm.strike_stop_time = now + ran_between(0.2f, 0.4f);
 	if (5.0f / distance_nm > 0.3f) SOUND_play_buffer(29, 1.0f, std::clamp(5.0f / distance_nm, 0.3f, 1.0f));
 	return 1;
 }
@@ -62,10 +63,10 @@ float lightning_ratio(float planet_rat)
 void update_lightning()
 {
 	if (!mnw.puff1 || atm.tstm_set <= 0.0f || find_temp_cel(0.0f) <= 0.0f || mnw.totl_time < atm.strike_stop_time) return;
-	const float dist = rnd(0.01f, 40.0f), bearing = rnd(0.0f, 360.0f);
+	const float dist = ran_between(0.01f, 40.0f), bearing = ran_between(0.0f, 360.0f);
 	const int p = atm.prim_layer & 1;
-	const float d = con.degtorad;
-	const float x = ren.view_xyz[0] + std::sin(bearing * d) * dist * nm, z = ren.view_xyz[2] - std::cos(bearing * d) * dist * nm;
+	float x, z;
+	strike_point(dist, bearing, &x, &z);
 	lightning_try_strike(cloud_parcel_rho(x, atm.base_h_MSL[p] + ren.act_puf_rad, z), dist, bearing, mnw.totl_time);
 }
 

@@ -4,6 +4,7 @@
 #include "render/overlay.h"
 #include "render/HL_GRAPH.h"
 #include "render/ogl.h"
+#include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
 #include "cockpit/HL_COCKPIT.h"
 #include "net/HL_NET.h"
@@ -12,21 +13,11 @@
 #include <GL/gl.h>
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <string>
 
 namespace {
 
-float ramp(float v, float at0, float at1) { return std::clamp((v - at0) / (at1 - at0), 0.0f, 1.0f); }
-
 body_effect eye{};
-uint32_t seed = 99u;
-
-float rnd01()
-{
-	seed = seed * 1664525u + 1013904223u;
-	return (float)(seed >> 8) / 16777216.0f;
-}
 
 bool replay_bar_shown() { return mnw.replay_mode != 0; }
 
@@ -35,9 +26,9 @@ bool replay_bar_shown() { return mnw.replay_mode != 0; }
 body_effect update_body_effects(float dt)
 {
 	const float g = flt[0].g_nrml;
-	eye.redout += (ramp(g, -2.5f, -3.5f) - eye.redout) * std::min(dt, 1.0f);
-	eye.blackout += (ramp(g, 7.0f, 10.0f) - eye.blackout) * std::min(dt, 1.0f);
-	if (veh[0].max_press_diff > 0.01f) eye.hypoxia += (ramp(stg.cabin_alt_act_ft, 12500.0f, 15000.0f) - eye.hypoxia) * std::min(dt * 0.1f, 1.0f);
+	eye.redout += (interp(-2.5f, 0.0f, -3.5f, 1.0f, g, 0) - eye.redout) * std::min(dt, 1.0f);
+	eye.blackout += (interp(7.0f, 0.0f, 10.0f, 1.0f, g, 0) - eye.blackout) * std::min(dt, 1.0f);
+	if (veh[0].max_press_diff > 0.01f) eye.hypoxia += (interp(12500.0f, 0.0f, 15000.0f, 1.0f, stg.cabin_alt_act_ft, 0) - eye.hypoxia) * std::min(dt * 0.1f, 1.0f);
 	eye.glare = ren.glare_rat * 0.75f;
 	if (!stg.draw_g_load || mnw.first_miss_cycle) eye.redout = eye.blackout = eye.hypoxia = eye.glare = 0.0f;
 	eye.alpha = std::min(eye.redout + eye.blackout + eye.hypoxia + eye.glare, 1.0f);
@@ -150,7 +141,7 @@ void WORLD_scene_2d_overlay()
 		NBPDoDrawingHook(18);
 	}
 	if (ren.night_vision_on) {   // the tube's speckle, never still
-		const float s = rnd01(), t = rnd01(), tiles = 2.0f + 2.0f * rnd01();
+		const float s = ran01(), t = ran01(), tiles = 2.0f + 2.0f * ran01();
 		const float x1 = mnw.x1_pix, y1 = mnw.y1_pix, x2 = mnw.x2_pix, y2 = mnw.y2_pix;
 		OGL_2dquad(223, 44, 0.1f, x1, y1, s, t, x2, y1, s + tiles, t, x2, y2, s + tiles, t + tiles, x1, y2, s, t + tiles, 1, st_blend);
 	}

@@ -6,22 +6,15 @@
 #include "render/ogl.h"
 #include "render/stars.h"
 #include "render/sun_moon.h"
+#include "core/HL_MATH_FUN.h"
 #include "core/HL_TYPES.h"
 #include <GL/gl.h>
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 
 namespace {
 
 constexpr float nm = 1852.0f;
-uint32_t seed = 12345u;
-
-float rnd(float lo, float hi)
-{
-	seed = seed * 1664525u + 1013904223u;
-	return lo + (hi - lo) * (float)(seed >> 8) / 16777216.0f;
-}
 
 float ramp01(float v) { return std::clamp(v, 0.0f, 1.0f); }
 
@@ -91,8 +84,8 @@ struct meteor_state { int on; float sx, sy, dx, dy, burn_time; } meteor{};
 void draw_meteor(float brat_star)
 {
 	const float period = (float)meteor_period(atm.meteorite_code);
-	if (!meteor.on && mnw.puff01 && rnd(0.0f, period) < 10.0f) {
-		meteor = {1, rnd(0.0f, (float)mnw.x_res_now), rnd(0.5f, 1.0f) * (float)mnw.y_res_now, rnd(-16.0f, 16.0f), rnd(-16.0f, -4.0f), 0.0f};
+	if (!meteor.on && mnw.puff01 && ran_between(0.0f, period) < 10.0f) {
+		meteor = {1, ran_between(0.0f, (float)mnw.x_res_now), ran_between(0.5f, 1.0f) * (float)mnw.y_res_now, ran_between(-16.0f, 16.0f), ran_between(-16.0f, -4.0f), 0.0f};
 	}
 	if (!meteor.on) return;
 	meteor.sx += meteor.dx;
@@ -131,7 +124,7 @@ void draw_aurora(float brat_ab)
 	if (!curtains_set) {
 		for (curtain& c : curtains)
 			for (int k = 0; k < 4; k++) {
-				c.v[k] = rest[k] * rnd(0.8f, 1.2f);
+				c.v[k] = rest[k] * ran_between(0.8f, 1.2f);
 				c.vel[k] = 0.0f;
 			}
 		curtains_set = true;
@@ -140,7 +133,7 @@ void draw_aurora(float brat_ab)
 	for (int n = 0; n < 4; n++) {
 		curtain& c = curtains[n];
 		for (int k = 0; k < 4; k++) {
-			if (rnd(0.0f, 1.0f) < mnw.prd_FM) c.vel[k] = std::clamp(c.vel[k] + rnd(-lim[k], lim[k]), -lim[k], lim[k]);
+			if (ran_between(0.0f, 1.0f) < mnw.prd_FM) c.vel[k] = std::clamp(c.vel[k] + ran_between(-lim[k], lim[k]), -lim[k], lim[k]);
 			c.v[k] += c.vel[k] + (rest[k] - c.v[k]) * 0.01f;
 		}
 		const float dx = std::max(c.v[0], 1.0f), dy = std::max(c.v[1], 1.0f), cx = std::clamp(c.v[2], 0.0f, 1.0f), al = std::clamp(c.v[3], 0.0f, 1.0f);

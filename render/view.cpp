@@ -16,13 +16,6 @@ namespace {
 constexpr float ftm = 0.3048f;
 float circle_dist = 0.0f, freeview_psi_rad = 0.0f, freeview_the_rad = 0.0f;
 
-float wrapf(float v, float lo, float hi)
-{
-	const float span = hi - lo;
-	v = std::fmod(v - lo, span);
-	return (v < 0.0f ? v + span : v) + lo;
-}
-
 bool external(int v) { return v == 1515 || v == 1516 || (v >= 1518 && v <= 1522) || v == 1539; }
 
 // Each cockpit view's turn of the eye, degrees right and up.
@@ -76,7 +69,6 @@ body_state aircraft_state(const flt_struct& f)
 void take_view_type(const body_state& r)
 {
 	const int t = ren.view_menu_TYPE;
-	ren.view_menu_TYPE = -1;
 	if (!((t >= 1505 && t <= 1525) || t == 1500 || t == 1539)) return;
 	ren.zoom_req = ren.zoom_act = 1.0f;
 	ren.view_is_external = external(t);
@@ -147,12 +139,12 @@ void spot_camera(int v, const float ref[3], float dt)
 void orbit_camera(int v, const body_state& r, const float ref[3], float dt)
 {
 	circle_dist += (ren.circ_dist - circle_dist) * std::min(dt * (circle_dist > 0.0f ? 1.0f : 1e9f), 1.0f);
-	freeview_psi_rad += wrapf(ren.circ_psi_rad - freeview_psi_rad, -M_PI, M_PI) * std::min(dt * 4.0f, 1.0f);
-	freeview_the_rad += wrapf(ren.circ_the_rad - freeview_the_rad, -M_PI, M_PI) * std::min(dt * 4.0f, 1.0f);
+	freeview_psi_rad += fltwrap(ren.circ_psi_rad - freeview_psi_rad, -(float)M_PI, (float)M_PI) * std::min(dt * 4.0f, 1.0f);
+	freeview_the_rad += fltwrap(ren.circ_the_rad - freeview_the_rad, -(float)M_PI, (float)M_PI) * std::min(dt * 4.0f, 1.0f);
 	const float d = con.degtorad;
 	if (v == 1518) {   // behind the body at low speed, along the path at speed
 		const float k = std::clamp((r.V - 10.0f) / 10.0f, 0.0f, 1.0f);
-		const float hdg = (r.psi + wrapf(r.h_path - r.psi, -180.0f, 180.0f) * k) * d;
+		const float hdg = (r.psi + fltwrap(r.h_path - r.psi, -180.0f, 180.0f) * k) * d;
 		const float elev = (r.the + (r.v_path - r.the) * k) * d;
 		const float psi = hdg + freeview_psi_rad, the = elev - freeview_the_rad;
 		ren.view_xyz[0] = ref[0] - circle_dist * std::cos(the) * std::sin(psi);
@@ -168,9 +160,9 @@ void orbit_camera(int v, const body_state& r, const float ref[3], float dt)
 	const float the = std::atan2(dy, std::sqrt(dx * dx + dz * dz)) * con.radtodeg, psi = std::atan2(dx, -dz) * con.radtodeg;
 	const float phi = ren.view_ele > 50000.0f ? -(float)flt[0].dob_lat : 0.0f;   // in orbit the horizon stays level with the pole
 	const float k = std::min(6.0f * dt, 1.0f);
-	ren.basic_the += wrapf(the - ren.basic_the, -180.0f, 180.0f) * k;
-	ren.basic_psi += wrapf(psi - ren.basic_psi, -180.0f, 180.0f) * k;
-	ren.basic_phi += wrapf(phi - ren.basic_phi, -180.0f, 180.0f) * k;
+	ren.basic_the += fltwrap(the - ren.basic_the, -180.0f, 180.0f) * k;
+	ren.basic_psi += fltwrap(psi - ren.basic_psi, -180.0f, 180.0f) * k;
+	ren.basic_phi += fltwrap(phi - ren.basic_phi, -180.0f, 180.0f) * k;
 }
 
 }  // namespace
@@ -213,13 +205,13 @@ void WORLD_view_per_frame()
 		ren.basic_phi = r.phi;
 	}
 	ren.view_ele = (float)f.dob_ele + (ren.view_xyz[1] - (float)f.dob_y);
-	ren.basic_the = wrapf(ren.basic_the, -180.0f, 180.0f);
-	ren.basic_psi = wrapf(ren.basic_psi, 0.0f, 360.0f);
-	ren.basic_phi = wrapf(ren.basic_phi, -180.0f, 180.0f);
+	ren.basic_the = fltwrap(ren.basic_the, -180.0f, 180.0f);
+	ren.basic_psi = fltwrap(ren.basic_psi, 0.0f, 360.0f);
+	ren.basic_phi = fltwrap(ren.basic_phi, -180.0f, 180.0f);
 	if (ren.basic_the > 90.0f || ren.basic_the < -90.0f) {   // over the top: the same attitude the other way round
 		ren.basic_the = (ren.basic_the > 0.0f ? 180.0f : -180.0f) - ren.basic_the;
-		ren.basic_psi = wrapf(ren.basic_psi + 180.0f, 0.0f, 360.0f);
-		ren.basic_phi = wrapf(180.0f - ren.basic_phi, -180.0f, 180.0f);
+		ren.basic_psi = fltwrap(ren.basic_psi + 180.0f, 0.0f, 360.0f);
+		ren.basic_phi = fltwrap(180.0f - ren.basic_phi, -180.0f, 180.0f);
 	}
 	mnw.look_down_deg_act += (mnw.look_down_deg_req - mnw.look_down_deg_act) * std::min(dt * 5.0f, 1.0f);
 	float dpsi, dthe;
@@ -258,7 +250,7 @@ void WORLD_view_per_frame()
 	float x, y, z, ux, uy, uz;
 	to_world(0.0f, 0.0f, -1.0f, &x, &y, &z);
 	to_world(0.0f, 1.0f, 0.0f, &ux, &uy, &uz);
-	ren.final_psi = wrapf(std::atan2(x, -z) * con.radtodeg, 0.0f, 360.0f);
+	ren.final_psi = fltwrap(std::atan2(x, -z) * con.radtodeg, 0.0f, 360.0f);
 	ren.final_the = std::atan2(y, std::sqrt(x * x + z * z)) * con.radtodeg;
 	float ax, ay, az;
 	wrl_to_any(ux, uy, uz, &ax, &ay, &az, std::sin(ren.final_psi * con.degtorad), std::cos(ren.final_psi * con.degtorad),
