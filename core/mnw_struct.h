@@ -66,4 +66,6 @@ struct mnw_struct {
 	int start_qfl, eq_FLradios, radio_chatter_on;
 	int cursor_type, entry_field;
 	char typed[64];                // characters typed this pass
+	// The map: its rectangle in the window, world x and z of its left and top edge, its scale.
+	float map_x1_pix, map_y1_pix, map_x2_pix, map_y2_pix, map_os_x, map_os_z, map_pix_per_meter, map_zoom;
 };

@@ -70,10 +70,17 @@ int check_land_textures()
 	int missing = 0;
 	for (int t = 0; t < ren.num_land_texes; t++) {
 		const std::string path = border_get_tex_paths(t, flt[0].dob_lat, flt[0].dob_lon);
-		if (!path.empty() && (std::ifstream(ret_host_path(tex_file_path(path, ".png"))) || std::ifstream(ret_host_path(tex_file_path(path, ".bmp")))))
-			continue;
-		NB_ALERT("Pre-flight texture-check: Could not open land-use texture!", stl.tex_path[t], "Exact path is:", path, alert_notice);
-		missing++;
+		auto there = [](const std::string& p) {
+			return !p.empty() && (std::ifstream(ret_host_path(tex_file_path(p, ".png"))) || std::ifstream(ret_host_path(tex_file_path(p, ".bmp"))));
+		};
+		// The texture, then its four sheets of border masks.
+		for (int sheet = 0; sheet <= 4; sheet++) {
+			const std::string p = sheet == 0 ? path : path.empty() ? path : border_sheet_path(path, sheet);
+			if (there(p)) continue;
+			NB_ALERT("Pre-flight texture-check: Could not open land-use texture!", stl.tex_path[t], "Exact path is:", p, alert_notice);
+			missing++;
+			if (path.empty()) break;
+		}
 	}
 	return missing;
 }

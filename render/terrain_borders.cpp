@@ -2,9 +2,12 @@
 // whole and up to three more over it, each through a mask covering the corners that
 // texture holds. Water, first in the table, always lies underneath.
 #include "render/terrain.h"
+#include "render/textures.h"
 #include "world/scenery.h"
 #include "core/HL_TYPES.h"
+#include <GL/gl.h>
 #include <algorithm>
+#include <cstring>
 
 uint16_t BORD_planetex[451][401][4];
 uint16_t BORD_alphatex[451][401][4];
@@ -84,4 +87,48 @@ void cell_border_layers(int i, int j)
 		planest[i][j][k][0] = corner_st[k][0];
 		planest[i][j][k][1] = corner_st[k][1];
 	}
+}
+
+namespace {
+
+unsigned char mask_block[1024 * 1024];   // one mask's alpha on its way to the driver
+
+}  // namespace
+
+void border_make_texture(int tex, int full_dx, int semi_dx, int semi_dy, int i_os, int j_os, const std::string& path)
+{
+	if (semi_dx < 1 || semi_dy < 1 || semi_dx * semi_dy > (int)sizeof mask_block) return;
+	for (int j = 0; j < semi_dy; j++)
+		for (int i = 0; i < semi_dx; i++) mask_block[(size_t)j * semi_dx + i] = scratch_array[((size_t)(j_os + j) * full_dx + i_os + i) * 4 + 3];
+	ren.tex_dx_tot[tex] = ren.tex_dx_vis[tex] = semi_dx;
+	ren.tex_dy_tot[tex] = ren.tex_dy_vis[tex] = semi_dy;
+	OGL_load_tex(path, tex, 0, filt_key_magenta_mip, GL_ALPHA, mask_block);
+	OGL_mini_me(path, tex, filt_key_magenta_mip, GL_ALPHA, mask_block);
+}
+
+std::string border_sheet_path(const std::string& land_path, int sheet)
+{
+	const std::string stem = land_path.size() > 4 ? land_path.substr(0, land_path.size() - 4) : land_path;
+	return stem + "_C" + std::to_string(sheet) + ".bmp";
+}
+
+int load_border_masks(int t, const std::string& land_path)
+{
+	// _C3 holds masks 1 to 4, _C2 5 to 8, _C1 9 to 12, each a quarter; _C4 13 and 14, each a half.
+	static const int sheet_of[4] = {3, 2, 1, 4};
+	static const int quad[4][2] = {{0, 0}, {0, 1}, {1, 1}, {1, 0}};
+	int loaded = 0;
+	for (int k = 0; k < 4; k++) {
+		const int first = t * 14 + 7000 + k * 4;
+		const std::string path = border_sheet_path(land_path, sheet_of[k]);
+		if (!OGL_texbmp(tex_scratch_only, first, filt_alpha_mean, path)) continue;
+		const int full = ren.tex_dx_tot[first], dx = ren.tex_dx_vis[first], dy = ren.tex_dy_vis[first];
+		if (sheet_of[k] == 4) {
+			for (int h = 0; h < 2; h++) border_make_texture(first + h, full, dx / 2, dy, h * (dx / 2), 0, path);
+		} else {
+			for (int q = 0; q < 4; q++) border_make_texture(first + q, full, dx / 2, dy / 2, quad[q][0] * (dx / 2), quad[q][1] * (dy / 2), path);
+		}
+		loaded++;
+	}
+	return loaded;
 }

@@ -86,7 +86,11 @@ void set_up_terrain_textures()
 			continue;
 		}
 		ren.tex_tiles[t] = ren.tex_is_water[t] ? 1 : std::max(ren.tex_dx_tot[t] / std::max(ren.tex_dy_tot[t], 1), 1);
+		if (load_border_masks(t, path) < 4) NB_ALERT("Could not open land-use texture!", "Check to see that it exists!", stl.tex_path[t], border_sheet_path(path, 1), alert_notice);
 	}
+	// The cells whose corners differ blend their land types through the masks.
+	for (int i = 0; i < regn_imax[p]; i++)
+		for (int j = 0; j < regn_jmax[p]; j++) cell_border_layers(i, j);
 }
 
 void set_terrain_normals()

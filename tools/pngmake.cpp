@@ -205,7 +205,9 @@ int main(int argc, char** argv)
 			continue;
 		}
 		std::string why;
-		if (const int done = pm::shape_op(op, ss, &why); done >= 0) {
+		int done = pm::shape_op(op, ss, &why);
+		if (done < 0) done = pm::ground_light_op(op, ss, &why);
+		if (done >= 0) {
 			if (!done) return bad(why.c_str());
 			continue;
 		}

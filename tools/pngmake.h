@@ -1,5 +1,6 @@
 // The image pngmake draws into, shared by its drawing operations.
 #pragma once
+#include <cstdint>
 #include <istream>
 #include <string>
 #include <vector>
@@ -12,4 +13,9 @@ extern int frame_number;   // an animation's frame, from the command line
 // A procedural shape (glow, disc, moon, aurora, noise): 1 drawn, 0 a bad line with the
 // reason, -1 not a shape.
 int shape_op(const std::string& op, std::istream& args, std::string* why);
+// Smooth value noise 0..1 that wraps every px lattice cells across and py down.
+double wrap_noise(double x, double y, int px, int py, uint32_t seed);
+// Border masks and the lamps' and the sun's light on the ground: 1 drawn, 0 a bad line, -1
+// not one of these.
+int ground_light_op(const std::string& op, std::istream& args, std::string* why);
 }  // namespace pm

@@ -1,5 +1,5 @@
 // pngmake's procedural shapes: the lights of the sky and the lamps, the moon's phases,
-// aurora curtains and static.
+// aurora curtains, static, the land and the sea.
 #include "tools/pngmake.h"
 #include <algorithm>
 #include <cmath>
@@ -86,6 +86,8 @@ void aurora(uint32_t seed)
 	}
 }
 
+}  // namespace
+
 // Value noise that wraps: a lattice of px by py cells over the image, so that the sheet
 // tiles with itself side to side and top to bottom.
 double wrap_noise(double x, double y, int px, int py, uint32_t seed)
@@ -104,6 +106,8 @@ double wrap_noise(double x, double y, int px, int py, uint32_t seed)
 	const double a = h(i, j) + (h(i + 1, j) - h(i, j)) * u, b = h(i, j + 1) + (h(i + 1, j + 1) - h(i, j + 1)) * u;
 	return a + (b - a) * v;
 }
+
+namespace {
 
 // Octaves of it: 0..1, cells lattice cells across the image's height.
 double wrap_fbm(int x, int y, int cells, int octaves, uint32_t seed)

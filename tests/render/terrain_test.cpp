@@ -111,8 +111,11 @@ TEST(Terrain, TheSmallestRegionFolderHoldingThePlaceGivesTheTexture)
 	EXPECT_EQ(border_get_tex_paths(0, -10.0, 20.0), dir + "terrain:scrub -90+90 -180+180:scrub0_000.bmp");
 	// At start each texture's file is looked for, as PNG or BMP.
 	ren.num_land_texes = 1;
-	EXPECT_EQ(check_land_textures(), 1);
+	EXPECT_EQ(check_land_textures(), 5);   // the texture and its four sheets of masks
 	std::ofstream(dir + "terrain/scrub -90+90 -180+180/scrub0_000.png") << "x";
+	EXPECT_EQ(check_land_textures(), 4);
+	for (const char* sheet : {"_C1.png", "_C2.png", "_C3.bmp", "_C4.png"})
+		std::ofstream(dir + "terrain/scrub -90+90 -180+180/scrub0_000" + sheet) << "x";
 	EXPECT_EQ(check_land_textures(), 0);
 }
 
