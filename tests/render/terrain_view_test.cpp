@@ -22,8 +22,14 @@ struct Ground : ViewShot {
 
 constexpr double d2r = M_PI / 180.0, R = 6371008.8;
 
-// Heights of the ground at the points, from nimbara-fly terrain.
-std::vector<double> heights(const std::string& dir, const std::vector<std::pair<double, double>>& pts)
+struct Probe {
+	double ele;
+	int use;
+};
+
+// The ground at the points, from nimbara-fly terrain: its height and the land use of the
+// grid corner nearest each.
+std::vector<Probe> probe(const std::string& dir, const std::vector<std::pair<double, double>>& pts)
 {
 	{
 		std::ofstream f(dir + "pts.txt");
@@ -34,14 +40,23 @@ std::vector<double> heights(const std::string& dir, const std::vector<std::pair<
 		}
 	}
 	const std::string cmd = std::string(NIMBARA_FLY) + " terrain --tree " + NIMBARA_DATA_TREE + " --points " + dir + "pts.txt > " + dir + "h.txt 2> " + dir + "h.log";
-	std::vector<double> h;
-	if (std::system(cmd.c_str()) != 0) return h;
+	std::vector<Probe> got;
+	if (std::system(cmd.c_str()) != 0) return got;
 	std::ifstream in(dir + "h.txt");
 	double la, lo, e;
 	int use, wet, apt;
-	while (in >> la >> lo >> e >> use >> wet >> apt) h.push_back(e);
+	while (in >> la >> lo >> e >> use >> wet >> apt) got.push_back({e, use});
+	return got;
+}
+
+std::vector<double> heights(const std::string& dir, const std::vector<std::pair<double, double>>& pts)
+{
+	std::vector<double> h;
+	for (const Probe& p : probe(dir, pts)) h.push_back(p.ele);
 	return h;
 }
+
+bool wet(int use) { return use == 14 || use == 15; }
 
 std::pair<double, double> ahead(double lat, double lon, double az, double d)
 {
@@ -117,4 +132,67 @@ TEST_F(Ground, HighGroundStandsAgainstTheSkyWhereItsHeightsPutIt)
 		}
 		EXPECT_NEAR(got, want, 3.0) << "column " << x << ", outline " << e << " degrees";
 	}
+}
+
+// A grid cell on the coast with its two western corners at sea and its two eastern on land,
+// between a cell all sea and a cell all land: seen from above, the land lies over the water
+// through its mask on the eastern side, over about half the cell.
+TEST_F(Ground, ACoastalCellShowsItsLandOnTheSideOfItsLandCorners)
+{
+	constexpr int n = 60;
+	constexpr double lat0 = 33.70, lon0 = -118.60;   // Santa Monica Bay's shore
+	std::vector<std::pair<double, double>> pts;
+	for (int j = 0; j < n; j++)
+		for (int i = 0; i < n; i++) pts.push_back({lat0 + j / 200.0 + 1e-5, lon0 + i / 150.0 + 1e-5});   // the grid's own corners
+	const std::vector<Probe> g = probe(dir, pts);
+	ASSERT_EQ(g.size(), pts.size());
+	auto use = [&](int i, int j) { return g[(size_t)j * n + i].use; };
+	int ci = -1, cj = -1;
+	for (int j = 0; j + 1 < n && ci < 0; j++)
+		for (int i = 1; i + 2 < n && ci < 0; i++) {
+			const int land = use(i + 1, j);
+			const bool sea_west = wet(use(i - 1, j)) && wet(use(i - 1, j + 1)) && wet(use(i, j)) && wet(use(i, j + 1));
+			const bool land_east = !wet(land) && use(i + 1, j + 1) == land && use(i + 2, j) == land && use(i + 2, j + 1) == land;
+			if (sea_west && land_east) ci = i, cj = j;
+		}
+	ASSERT_GE(ci, 0) << "no straight north-south shore in the window";
+	const double lat = lat0 + (cj + 0.5) / 200.0, lon = lon0 + (ci + 0.5) / 150.0, h = 1200.0;
+	char args[200];
+	std::snprintf(args, sizeof args, "--lat %.6f --lon %.6f --alt-ft %.1f --pitch -89.9 --date 2026-06-21 --time-utc 19:00 --vis-nm 60", lat, lon, h / 0.3048);
+	ASSERT_TRUE(shoot(args));
+	ASSERT_EQ(holes(), 0);
+	// Looking down, north up: the cell about the middle, its size by the view's 45-degree ratio.
+	const double ppm = W / (2.0 * h * 0.5), hw = 0.5 * ppm * 111320.0 * std::cos(lat * d2r) / 150.0, hh = 0.5 * ppm * 111320.0 / 200.0;
+	auto land_share = [&](double x0, double x1) {   // of the columns between, as shares of half a cell
+		int land = 0, all = 0;
+		for (int y = (int)(H / 2 - 0.7 * hh); y < (int)(H / 2 + 0.7 * hh); y++)
+			for (int x = (int)(W / 2 + x0 * hw); x < (int)(W / 2 + x1 * hw); x++, all++) {
+				const unsigned char* p = at(x, y);
+				land += p[0] + 10 > p[2];   // water is blue over red, the land the other way
+			}
+		return (double)land / std::max(all, 1);
+	};
+	EXPECT_LT(land_share(-1.6, -1.15), 0.05) << "the sea cell to the west";
+	EXPECT_GT(land_share(1.15, 1.6), 0.95) << "the land cell to the east";
+	const double west = land_share(-0.9, -0.1), east = land_share(0.1, 0.9), whole = land_share(-0.95, 0.95);
+	EXPECT_LT(west, 0.35);
+	EXPECT_GT(east, 0.65);
+	EXPECT_NEAR(whole, 0.5, 0.2);
+}
+
+// The sun's glitter: with the sun three degrees up, the sea toward it is brighter than the sea
+// away from it; with the sun high, the two are the same.
+TEST_F(Ground, TheSeaGlittersTowardALowSunAndNotAwayFromIt)
+{
+	auto brightness = [&](double heading, const char* utc) {
+		char args[200];
+		std::snprintf(args, sizeof args, "--lat 32.5 --lon -120 --alt-ft 3000 --heading %.0f --pitch -30 --date 2026-06-21 --time-utc %s --vis-nm 60", heading, utc);
+		EXPECT_TRUE(shoot(args));
+		return mean(0) + mean(1) + mean(2);
+	};
+	// At 02:50 UTC the sun stands 3 degrees up at azimuth 296 over this sea.
+	const double toward = brightness(296, "02:50"), away = brightness(116, "02:50");
+	EXPECT_GT(toward, away + 60.0);
+	const double high_toward = brightness(296, "19:00"), high_away = brightness(116, "19:00");
+	EXPECT_NEAR(high_toward, high_away, 6.0);
 }

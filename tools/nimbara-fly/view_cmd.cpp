@@ -26,11 +26,11 @@ int fly_view(int argc, char** argv)
 	double lat = NAN, lon = NAN, alt_ft = NAN, heading = 0, pitch = 0, roll = 0, view = 1525, fov = 45, vis_nm = 25;
 	int width = 1024, height = 768, year = 2026, month = 6, mday = 21, hh = 19, mm = 0;
 	std::string png_out, tree = fly_default_tree();
-	bool sunglasses = false, night_vision = false;
+	bool sunglasses = false, night_vision = false, landing_light = false;
 	for (int k = 1; k < argc; k++) {
 		const std::string o = argv[k];
-		if (o == "--sunglasses" || o == "--night-vision") {
-			(o == "--sunglasses" ? sunglasses : night_vision) = true;
+		if (o == "--sunglasses" || o == "--night-vision" || o == "--landing-light") {
+			(o == "--sunglasses" ? sunglasses : o == "--night-vision" ? night_vision : landing_light) = true;
 			continue;
 		}
 		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
@@ -93,6 +93,12 @@ int fly_view(int argc, char** argv)
 	ren.view_menu_TYPE = (int)view;
 	ren.sunglasses_on = sunglasses;
 	ren.night_vision_on = night_vision;
+	ren.draw_shadows = 1;   // cloud shadows and the sun's glitter, as a user has them
+	if (landing_light) {   // the battery on to feed it
+		f.lan_lite = 1;
+		stg.battery = 1;
+		for (float& v : f.ENGN_bat_volt) v = 24.0f;
+	}
 	mnw.top_win = 0;
 	glClearColor(1.0f, 0.0f, 1.0f, 1.0f);   // a colour no sky has: any hole in the picture shows it
 	glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
