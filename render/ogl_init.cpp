@@ -26,6 +26,7 @@ void OGL_report_situation()
 	ren.add_env_avail = has("GL_ARB_multitexture") && has("GL_ARB_texture_env_add");
 	ren.dis_fog_avail = has("GL_NV_fog_distance");
 	ren.tex_comp_avail = has("GL_ARB_texture_compression");
+	ren.mod_add_avail = has("GL_ATI_texture_env_combine3") && (major > 1 || (major == 1 && minor >= 4) || has("GL_ARB_texture_env_crossbar"));
 	GLint units = 1, maxdim = 0;
 	glGetIntegerv(0x84E2 /* GL_MAX_TEXTURE_UNITS_ARB */, &units);
 	glGetIntegerv(GL_MAX_TEXTURE_SIZE, &maxdim);
@@ -39,7 +40,7 @@ void OGL_report_situation()
 	xer << "OpenGL Situation:\n" << "vendor: " << vendor << "\nrenderer: " << renderer << "\nversion: " << version
 	    << "\ntexture units: " << units << "\nlargest texture: " << maxdim << "\nedge clamp: " << ren.tex_clamp_avail
 	    << "\nmultitexture add: " << ren.add_env_avail << "\nfog distance: " << ren.dis_fog_avail
-	    << "\ntexture compression: " << ren.tex_comp_avail << "\n";
+	    << "\ntexture compression: " << ren.tex_comp_avail << "\nmodulate-add: " << ren.mod_add_avail << "\n";
 	xer.flush();
 	// A renderer that draws in software: said once, and the simulator goes on.
 	if (renderer.find("GENERIC") != std::string::npos || renderer.find("llvmpipe") != std::string::npos ||

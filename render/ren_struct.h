@@ -6,6 +6,7 @@ constexpr int tex_id_max = 9142;   // texture ids 0 to 9141
 struct ren_struct {
 	int DL_carr, DL_frig, DL_opla, DL_orig;   // display lists of the ships and platforms
 	int tex_clamp_avail, add_env_avail, dis_fog_avail, tex_comp_avail;   // what the OpenGL driver offers
+	int mod_add_avail;   // a unit can add one texture times another to what is below (lamp light on the ground)
 	int num_tex_units, maxtexdim;
 	float max_iso;
 	// The cloud grid and its shadow, filled by the cloud drawing.

@@ -4,6 +4,7 @@
 #include "render/ogl.h"
 #include "core/HL_TYPES.h"
 #include <GL/gl.h>
+#include <GL/glext.h>
 
 namespace {
 
@@ -67,8 +68,21 @@ void terrain_second_env(int unit, int tex)
 		glTexEnvi(GL_TEXTURE_ENV, GL_COMBINE_ALPHA, GL_REPLACE);
 		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_ALPHA, GL_PREVIOUS);
 		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND0_ALPHA, GL_SRC_ALPHA);
+	} else if (second_kind == second_lamp && ren.mod_add_avail) {
+		// The lamp lights the ground's own colour: what is below plus the land times the pool.
+		glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_COMBINE);
+		glTexEnvi(GL_TEXTURE_ENV, GL_COMBINE_RGB, GL_MODULATE_ADD_ATI);
+		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_RGB, GL_TEXTURE0);
+		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND0_RGB, GL_SRC_COLOR);
+		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE1_RGB, GL_PREVIOUS);
+		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND1_RGB, GL_SRC_COLOR);
+		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE2_RGB, GL_TEXTURE);
+		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND2_RGB, GL_SRC_COLOR);
+		glTexEnvi(GL_TEXTURE_ENV, GL_COMBINE_ALPHA, GL_REPLACE);
+		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_ALPHA, GL_PREVIOUS);
+		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND0_ALPHA, GL_SRC_ALPHA);
 	} else {
-		// The lamp's pool is light added to the ground; a cloud's shadow darkens it.
+		// Without that the pool is light added; a cloud's shadow darkens.
 		glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, second_kind == second_lamp ? GL_ADD : GL_MODULATE);
 	}
 	glActiveTexture(GL_TEXTURE0);

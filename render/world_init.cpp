@@ -40,7 +40,10 @@ void load_sky_textures()
 	struct named { int id; const char* name; };
 	static const named fixed[] = {{223, "static"}, {224, "lanlite"}, {225, "lights"}, {226, "sunglow"}, {227, "sunreflect"},
 	                              {212, "aurora1"}, {213, "aurora2"}, {214, "aurora3"}, {215, "aurora4"}};
-	for (const named& t : fixed) OGL_texbmp(tex_load, t.id, filt_alpha_mean_mip, bmp_path + "world:" + t.name + ".png");
+	// The light laid on the ground spans kilometres past its pool or path: without mipmaps the
+	// clamped edge stays dark out there instead of taking the whole picture's mean.
+	for (const named& t : fixed)
+		OGL_texbmp(tex_load, t.id, t.id == 224 || t.id == 227 ? filt_alpha_mean : filt_alpha_mean_mip, bmp_path + "world:" + t.name + ".png");
 	for (int k = 0; k <= 22; k++) {
 		char name[32];
 		std::snprintf(name, sizeof name, "world:moon%02d.png", k);

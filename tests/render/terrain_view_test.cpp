@@ -196,3 +196,21 @@ TEST_F(Ground, TheSeaGlittersTowardALowSunAndNotAwayFromIt)
 	const double high_toward = brightness(296, "19:00"), high_away = brightness(116, "19:00");
 	EXPECT_NEAR(high_toward, high_away, 6.0);
 }
+
+// At night the landing light lays its pool on the ground ahead and nothing on the ground far
+// beyond it.
+TEST_F(Ground, TheLandingLightLightsAPoolAheadAndNothingBeyond)
+{
+	auto region = [&](int y0, int y1) {   // the mean of three channels over rows from the bottom
+		double s = 0.0;
+		for (int y = y0; y < y1; y++)
+			for (int x = 0; x < W; x++) s += at(x, y)[0] + at(x, y)[1] + at(x, y)[2];
+		return s / ((y1 - y0) * W);
+	};
+	const std::string place = "--lat 35 --lon -116 --alt-ft 1100 --pitch -20 --date 2026-06-21 --time-utc 08:00 --vis-nm 20";   // 250 ft over the Mojave at 1 a.m.
+	ASSERT_TRUE(shoot(place));
+	const double dark_near = region(60, 160), dark_far = region(H - 40, H);
+	ASSERT_TRUE(shoot(place + " --landing-light"));
+	EXPECT_GT(region(60, 160), dark_near + 150.0);
+	EXPECT_NEAR(region(H - 40, H), dark_far, 6.0);
+}
