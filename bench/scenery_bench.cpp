@@ -104,3 +104,20 @@ static void BM_ground_cone_and_cells_in_range(benchmark::State& state)
 	state.SetLabel(std::to_string(cells) + " cells in the last range");
 }
 BENCHMARK(BM_ground_cone_and_cells_in_range);
+
+// The block's cells set up for drawing after a load: each cell's texture and the layers of
+// every cell whose corners differ (the textures themselves read once, before timing).
+static void BM_block_cells_and_borders(benchmark::State& state)
+{
+	setup();
+	bmp_path = NIMBARA_DATA_TREE "/Resources/bitmaps/";
+	read_land_use();
+	load_region(1);
+	set_up_terrain_textures();
+	for (auto _ : state) set_up_terrain_textures();
+	int bordered = 0;
+	for (int i = 0; i < 450; i++)
+		for (int j = 0; j < 400; j++) bordered += PLOT_planetex[i][j] == 7000;
+	state.SetLabel(std::to_string(bordered) + " bordered cells");
+}
+BENCHMARK(BM_block_cells_and_borders);

@@ -211,11 +211,12 @@ void border_layers(float (*xyz)[401][3], int fog, int deR, int deW)
 			}
 			for (int l = 1; l < 4 && BORD_planetex[i][j][l] != 9999; l++) {
 				const int t = BORD_planetex[i][j][l];
-				if (t >= land_tex_max || !ren.tex_vram[t]) continue;
+				const int mask = BORD_alphatex[i][j][l];
+				if (t >= land_tex_max || !ren.tex_vram[t] || mask >= tex_id_max || !ren.tex_vram[mask]) continue;   // a sheet that did not load: the base shows
 				const float s = 1.0f / (float)std::max(ren.tex_tiles[t], 1);
 				const float tile[4][2] = {{0, 0}, {0, 1}, {s, 1}, {s, 0}};
 				OGL_bind(t, 0);
-				OGL_bind(BORD_alphatex[i][j][l], 1);
+				OGL_bind(mask, 1);
 				cell_triangles(xyz, i, j, tile, true, third ? 2 : 0);
 			}
 		}
