@@ -136,6 +136,7 @@ static int parse_string(const std::string& s, size_t pos, std::string& val, std:
 int acf_read_text(std::istream& in, const char* fname, veh_struct& v, std::string& err)
 {
 	std::memset(&text_scratch, 0, sizeof text_scratch);
+	for (int& t : text_scratch.ins_type) t = -1;   // a slot the text leaves out is empty, not the tail number (0)
 	char* base = (char*)&text_scratch;
 	std::string line;
 	int line_no = 0;

@@ -99,7 +99,7 @@ int decode(const unsigned char* data, size_t size, decoded* out, char* error, si
 
 }  // namespace
 
-int load_png_into_scratch(const std::string& hard_path, int index, int type, int bytes, int* full_width)
+int load_png_into_scratch(const std::string& hard_path, int index, int type, int bytes, int* full_width, bool key_magenta)
 {
 	if (!check_index(hard_path, index) || !check_type(hard_path, type) || !check_bytes(hard_path, bytes)) return 0;
 	const std::string path = tex_file_path(hard_path, ".png");
@@ -144,8 +144,9 @@ int load_png_into_scratch(const std::string& hard_path, int index, int type, int
 			if (y < 0 || x < 0 || y >= 1024 || x >= stride) continue;
 			unsigned char* d = scratch_array + ((size_t)y * stride + x) * bytes;
 			const unsigned char rgb[3] = {gamma[s[0]], gamma[s[1]], gamma[s[2]]};
+			const bool hole = key_magenta && s[0] == 255 && s[1] == 0 && s[2] == 255;
 			if (over) {   // the layer over what is there, coverage adding up
-				if (s[3] == 0) continue;
+				if (s[3] == 0 || hole) continue;
 				const float a = s[3] / 255.0f;
 				for (int c = 0; c < 3; c++) d[c] = (unsigned char)(rgb[c] * a + d[c] * (1.0f - a) + 0.5f);
 				if (bytes == 4) d[3] = (unsigned char)std::min(255, s[3] + d[3]);
@@ -156,7 +157,7 @@ int load_png_into_scratch(const std::string& hard_path, int index, int type, int
 				continue;
 			}
 			for (int c = 0; c < 3; c++) d[c] = rgb[c];
-			if (bytes == 4) d[3] = s[3];
+			if (bytes == 4) d[3] = hole ? 0 : s[3];
 		}
 	return 1;
 }

@@ -136,7 +136,7 @@ float get_scale(const std::string& path, int index, int type, int* dx, int* dy, 
 	scale = std::min(scale, 1.0f);
 	const int maxdim = ren.maxtexdim > 0 ? ren.maxtexdim : 1024;
 	while (*dx * scale > maxdim || *dy * scale > maxdim) scale *= 0.5f;
-	if (index < 49 || in(index, 7000, 7700)) {   // square tiles side by side
+	if (tex && (index < 49 || in(index, 7000, 7700))) {   // square tiles side by side
 		const int ratio = *dy > 0 ? *dx / *dy : 0;
 		if (*dy <= 0 || *dx % *dy != 0 || ratio < 1 || ratio > 512 || (ratio & (ratio - 1)) != 0)
 			tex_alert("Wrong size terrain texture!", "Texture must be power of 2 high, and some integer multipe (including 1) of that ", path);
@@ -170,7 +170,11 @@ float get_scale(const std::string& path, int index, int type, int* dx, int* dy, 
 int OGL_texbmp(int type, int index, int filter_type, const std::string& hard_path)
 {
 	std::string path = hard_path;
-	if (lower(path).rfind(lower(bmp_path), 0) != 0) path = bmp_path + path;
+	// A path below the art root may leave the root out; one in the aircraft's folder or any
+	// other place under the program's own folder is taken as it is.
+	const std::string low = lower(path);
+	if (low.rfind(lower(bmp_path), 0) != 0 && (app_path.empty() || low.rfind(lower(app_path), 0) != 0) && path.compare(0, 1, "/") != 0)
+		path = bmp_path + path;
 	if (!check_index(path, index) || !check_type(path, type) || !check_filter_type(path, filter_type)) return 0;
 	if (type == tex_load && index % 8 == 0) {
 		const size_t slash = path.find_last_of(":/\\");
@@ -180,7 +184,9 @@ int OGL_texbmp(int type, int index, int filter_type, const std::string& hard_pat
 	const int rgb_type = rgba ? GL_RGBA : filter_type == filt_alpha_only_mip ? GL_ALPHA : GL_RGB;
 	const int bytes = rgba ? 4 : rgb_type == GL_ALPHA ? 1 : 3;
 	int full_width = 1024;
-	int got = load_png_into_scratch(path, index, type, bytes, &full_width);
+	const bool key = filter_type == filt_key_magenta || filter_type == filt_key_magenta_mip || (index >= 424 && index <= 467) ||
+	                 (index >= 7701 && index <= 7941);
+	int got = load_png_into_scratch(path, index, type, bytes, &full_width, key);
 	if (!got) got = load_bmp_into_scratch(path, index, type, bytes, filter_type, &full_width);
 	if (!got) return 0;
 	if (type == tex_load) {

@@ -18,7 +18,8 @@ extern unsigned char win_gamma[256];          // (i / 255) to the power 0.818181
 
 int OGL_texbmp(int type, int index, int filter_type, const std::string& hard_path);
 float get_scale(const std::string& path, int index, int type, int* dx, int* dy, int* os_x, int* os_y, int* full_width);
-int load_png_into_scratch(const std::string& path, int index, int type, int bytes, int* full_width);
+// key_magenta: pure magenta is see-through, as in the bitmaps, whatever the file's alpha.
+int load_png_into_scratch(const std::string& path, int index, int type, int bytes, int* full_width, bool key_magenta = false);
 int load_bmp_into_scratch(const std::string& path, int index, int type, int bytes, int filter_type, int* full_width);
 void OGL_load_tex(const std::string& path, int index, int reduction, int filter_type, int rgb_type, unsigned char* array);
 void OGL_mini_me(const std::string& path, int index, int filter_type, int rgb_type, unsigned char* array);

@@ -28,11 +28,15 @@ static const char* help_text =
 	"      checks (non-zero exit), or none.\n"
 	"  framewright check --loaded FILE.acf\n"
 	"      The same, then prints the whole loaded record, derived quantities included, in SI.\n"
+	"  framewright art SRC.txt OUT.png\n"
+	"      Draws a cockpit picture from its readable source: 'size W H', then shapes\n"
+	"      (fill, rect, poly, sharp, key, arch, band, shade, circle, text), y up from the bottom;\n"
+	"      pure magenta (255 0 255) is the see-through key.\n"
 	"  framewright --help\n";
 
 int main(int argc, char** argv)
 {
 	static const tool_command cmds[] = {{"airfoil", framewright_airfoil}, {"build", framewright_build},
-	                                    {"dump", framewright_dump}, {"check", framewright_check}};
-	return tool_main("framewright", help_text, cmds, 4, argc, argv);
+	                                    {"dump", framewright_dump}, {"check", framewright_check}, {"art", framewright_art}};
+	return tool_main("framewright", help_text, cmds, 5, argc, argv);
 }

@@ -130,7 +130,7 @@ int fly_draw(int argc, char** argv)
 			}
 		} else if (o == "--script") script = val;
 		else if (o == "--png") png_out = val;
-		else if (o == "--tree") tree = val + "/";
+		else if (o == "--tree") tree = fly_tree_arg(val.c_str());
 		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
 	}
 	if (!width || script.empty() || png_out.empty()) { std::fprintf(stderr, "nimbara-fly: draw needs --size, --script and --png\n"); return 2; }

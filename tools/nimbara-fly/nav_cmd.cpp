@@ -46,6 +46,13 @@ void show_airport(const vec_apt_struct& a)
 
 }  // namespace
 
+std::string fly_tree_arg(const char* val)
+{
+	std::string t = val;
+	while (t.size() > 1 && t.back() == '/') t.pop_back();
+	return t + "/";
+}
+
 std::string fly_default_tree()
 {
 	const std::string exe = plat_exe_folder();
@@ -69,7 +76,7 @@ int fly_nav(int argc, char** argv)
 			else if (!std::strcmp(p, "mars")) planet = 1;
 			else { std::fprintf(stderr, "nimbara-fly: --planet is earth or mars\n"); return 2; }
 		} else if (!std::strcmp(argv[k], "--tree")) {
-			tree = std::string(argv[++k]) + "/";
+			tree = fly_tree_arg(argv[++k]);
 		} else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", argv[k]); return 2; }
 	}
 	if (k >= argc) { std::fprintf(stderr, "nimbara-fly: nav needs find, near, block or magvar\n"); return 2; }

@@ -30,7 +30,7 @@ int fly_sky(int argc, char** argv)
 		else if (o == "--lon") ok = fly_parse(val, -180, 180, &lon);
 		else if (o == "--alt-ft") ok = fly_parse(val, -2000, 3e6, &alt_ft);
 		else if (o == "--heading") ok = fly_parse(val, -360, 360, &heading);
-		else if (o == "--tree") tree = std::string(val) + "/";
+		else if (o == "--tree") tree = fly_tree_arg(val);
 		else if (o == "--date") {
 			static const int mdays[12] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 			ok = std::sscanf(val, "%d-%d-%d", &year, &month, &mday) == 3 && year >= 1 && year <= 9999 && month >= 1 && month <= 12 &&

@@ -33,7 +33,7 @@ int place_args(int argc, char** argv, std::string* tree, double* lat, double* lo
 		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
 		const char* val = argv[++k];
 		char* end = nullptr;
-		if (o == "--tree") *tree = std::string(val) + "/";
+		if (o == "--tree") *tree = fly_tree_arg(val);
 		else if (o == "--points" && points_file) *points_file = val;
 		else if (o == "--lat") *lat = std::strtod(val, &end);
 		else if (o == "--lon") *lon = std::strtod(val, &end);

@@ -27,10 +27,15 @@ int fly_view(int argc, char** argv)
 	int width = 1024, height = 768, year = 2026, month = 6, mday = 21, hh = 19, mm = 0;
 	std::string png_out, tree = fly_default_tree();
 	bool sunglasses = false, night_vision = false, landing_light = false;
+	std::string aircraft;
 	for (int k = 1; k < argc; k++) {
 		const std::string o = argv[k];
 		if (o == "--sunglasses" || o == "--night-vision" || o == "--landing-light") {
 			(o == "--sunglasses" ? sunglasses : o == "--night-vision" ? night_vision : landing_light) = true;
+			continue;
+		}
+		if (o == "--panel") {   // the forward view with the panel
+			view = 1500;
 			continue;
 		}
 		if (k + 1 >= argc) { std::fprintf(stderr, "nimbara-fly: %s needs a value\n", o.c_str()); return 2; }
@@ -46,7 +51,8 @@ int fly_view(int argc, char** argv)
 		else if (o == "--fov") ok = fly_parse(val, 5, 170, &fov);
 		else if (o == "--vis-nm") ok = fly_parse(val, 0.1, 200, &vis_nm);
 		else if (o == "--png") png_out = val;
-		else if (o == "--tree") tree = std::string(val) + "/";
+		else if (o == "--aircraft") aircraft = val;
+		else if (o == "--tree") tree = fly_tree_arg(val);
 		else if (o == "--size") ok = std::sscanf(val, "%dx%d", &width, &height) == 2 && width >= 16 && height >= 16 && width <= 4096 && height <= 4096;
 		else if (o == "--date") ok = std::sscanf(val, "%d-%d-%d", &year, &month, &mday) == 3 && month >= 1 && month <= 12 && mday >= 1 && mday <= 31;
 		else if (o == "--time-utc") ok = std::sscanf(val, "%d:%d", &hh, &mm) == 2 && hh >= 0 && hh <= 23 && mm >= 0 && mm <= 59;
@@ -62,7 +68,8 @@ int fly_view(int argc, char** argv)
 	HEADLESS_setup(0.02, 0, tree.c_str());
 	init_sim();
 	OGL_set_panel_space(width, height);
-	str_to_buf(veh[0].path, ret_host_path(app_path + stg.def_pln_path));   // the default aircraft: its eye and size
+	// The start aircraft unless another is named: its eye, size and panel.
+	str_to_buf(veh[0].path, ret_host_path(aircraft.empty() ? app_path + stg.def_pln_path : aircraft));
 	flt_struct& f = flt[0];
 	if (!load_plane(0)) {
 		std::fprintf(stderr, "nimbara-fly: could not load the aircraft\n");
@@ -108,6 +115,13 @@ int fly_view(int argc, char** argv)
 	glPixelStorei(GL_PACK_ALIGNMENT, 1);
 	glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, px.data());
 	const int ok = fly_write_png(png_out.c_str(), px.data(), width, height, true);
+	if (view_shows_panel(ren.view_type_act))   // where each instrument's centre fell, in the picture's pixels from its top left
+		for (int n = 0; n < 300; n++) {
+			const veh_struct& v = veh[0];
+			if (v.ins_type[n] == -1) continue;
+			const float x = (v.ins_x[n] + mnw.x_off) * mnw.xy_scale, y = height - (v.ins_y[n] - mnw.look_up) * mnw.xy_scale;
+			std::printf("ins %d %d %.1f %.1f %.3f\n", n, v.ins_type[n], x, y, v.ins_size[n]);
+		}
 	if (!ok) std::fprintf(stderr, "nimbara-fly: cannot write %s\n", png_out.c_str());
 	MACIBM_finishup(1);
 	plat_offscreen_close();

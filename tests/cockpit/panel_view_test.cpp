@@ -1,0 +1,115 @@
+// The panel through nimbara-fly view --panel: the panel holds still over the lower picture
+// while the world moves behind the windscreen, the horizon at zero pitch stands at the
+// aircraft's head-up centre and rises as the projection says when the nose goes down; and
+// each instrument's centre is reported where its slot puts it.
+#include "support/view_shot.h"
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <string>
+
+namespace {
+
+struct PanelView : ViewShot {
+	// Far out over the Pacific at 100 ft, looking south-west with the air clear.
+	bool panel_at(double pitch, const std::string& more = "")
+	{
+		char args[200];
+		std::snprintf(args, sizeof args, "--panel --lat 32.5 --lon -120 --heading 225 --vis-nm 200 --alt-ft 100 --time-utc 19:00 --pitch %g", pitch);
+		return shoot(args + more, "1024x768");
+	}
+	// The dark sea meets the pale sky: in column x, from row y0 up, the first row brighter
+	// than halfway between the sea there and the brightest above it.
+	int horizon(int x, int y0) const
+	{
+		auto lum = [&](int y) { const unsigned char* p = at(x, y); return p[0] + p[1] + p[2]; };
+		int top = 0;
+		for (int y = y0; y < H; y++) top = std::max(top, lum(y));
+		const int mid = (lum(y0) + top) / 2;
+		for (int y = y0; y < H; y++)
+			if (lum(y) > mid) return y;
+		return -1;
+	}
+};
+
+// The trainer's head-up centre and the top of its glare shield, panel pixels from the bottom.
+constexpr double hud_y = 520.0, shield_top = 430.0;
+
+// The horizon's height over the head-up centre at this pitch: the picture's half width spans
+// FOV / 90 of the near distance (45 degrees here), less the dip at 100 ft.
+double rise(double pitch)
+{
+	const double h = 100 * 0.3048, R = 6371008.8, dip = std::acos(R / (R + h)) * 180.0 / M_PI;
+	return std::tan((-dip - pitch) * M_PI / 180.0) * 512.0 / 0.5;
+}
+
+}  // namespace
+
+TEST_F(PanelView, ThePanelHoldsStillWhileTheHorizonMovesWithPitch)
+{
+	ASSERT_TRUE(panel_at(0));
+	EXPECT_EQ(holes(), 0);
+	const std::vector<unsigned char> level = px;
+	EXPECT_NEAR(horizon(512, 470), hud_y + rise(0), 2.0);
+	ASSERT_TRUE(panel_at(-10));
+	EXPECT_NEAR(horizon(512, 470), hud_y + rise(-10), 2.0);
+	// Below the glare shield nothing changed; above it the world did.
+	double below = 0.0, above = 0.0;
+	int n_below = 0, n_above = 0;
+	for (int y = 0; y < H; y++)
+		for (int x = 0; x < W; x++) {
+			const size_t k = ((size_t)(H - 1 - y) * W + x) * 4;
+			const double d = std::abs(level[k] - px[k]) + std::abs(level[k + 1] - px[k + 1]) + std::abs(level[k + 2] - px[k + 2]);
+			if (y < shield_top - 40) below += d, n_below++;
+			else if (y > 560 && y < 700 && x > 100 && x < 924) above += d, n_above++;
+		}
+	EXPECT_LT(below / n_below, 0.5);
+	EXPECT_GT(above / n_above, 20.0);
+}
+
+// A copy of the trainer with two instruments, one at half size: the view reports both, centred
+// where their slots are in a window the size of the panel.
+TEST_F(PanelView, EachInstrumentIsReportedAtItsSlot)
+{
+	// A tree of our own that shares everything with the real one but its aircraft: an
+	// aircraft must lie inside the program's folder.
+	const std::string tree = dir + "tree/";
+	std::filesystem::create_directories(tree + "Aircraft");
+	for (const auto& e : std::filesystem::directory_iterator(NIMBARA_DATA_TREE))
+		if (e.is_directory() && e.path().filename() != "Aircraft") std::filesystem::create_symlink(e.path(), tree + e.path().filename().string());
+	for (const auto& e : std::filesystem::directory_iterator(std::string(NIMBARA_DATA_TREE) + "/Aircraft"))
+		std::filesystem::create_symlink(e.path(), tree + "Aircraft/" + e.path().filename().string());
+	const std::string src = dir + "Plane.txt", acf = tree + "Aircraft/Plane.acf";
+	ASSERT_EQ(std::system((std::string(NIMBARA_FRAMEWRIGHT) + " dump \"" + NIMBARA_DATA_TREE + "/Aircraft/General Aviation/Wren 180/Wren 180.acf\" > " + src).c_str()), 0);
+	{
+		std::ofstream f(src, std::ios::app);
+		f << "ins_type[4] 101\nins_x[4] 300\nins_y[4] 200\nins_size[4] 1\n";
+		f << "ins_type[9] 94\nins_x[9] 700\nins_y[9] 150\nins_size[9] 0.5\n";
+	}
+	ASSERT_EQ(std::system((std::string(NIMBARA_FRAMEWRIGHT) + " build " + src + " " + acf + " > " + dir + "build.log 2>&1").c_str()), 0);
+	ASSERT_TRUE(panel_at(0, " --aircraft \"" + acf + "\" --tree \"" + dir + "tree\""));
+	std::ifstream in(dir + "log");   // the view's output
+	std::string word;
+	int slot, code, found = 0;
+	double x, y, size;
+	while (in >> word) {
+		if (word != "ins" || !(in >> slot >> code >> x >> y >> size)) continue;
+		found++;
+		if (slot == 4) {
+			EXPECT_EQ(code, 101);
+			EXPECT_NEAR(x, 300.0, 0.01);
+			EXPECT_NEAR(y, 768.0 - 200.0, 0.01);
+		} else {
+			EXPECT_EQ(slot, 9);
+			EXPECT_EQ(code, 94);
+			EXPECT_NEAR(x, 700.0, 0.01);
+			EXPECT_NEAR(y, 768.0 - 150.0, 0.01);
+			EXPECT_NEAR(size, 0.5, 1e-6);
+		}
+	}
+	EXPECT_EQ(found, 2);
+}
