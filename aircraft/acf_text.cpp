@@ -52,7 +52,8 @@ static std::string float_text(float v)
 void acf_write_text(const veh_struct& v, std::ostream& out)
 {
 	out << "# Nimbara aircraft, version " << acf_version << ", readable form.\n"
-	    << "# Units as the file holds them: feet, pounds, knots, degrees. Unset fields are zero.\n";
+	    << "# Units as the file holds them: feet, pounds, knots, degrees. Unset fields are zero,\n"
+	    << "# instrument slots empty (-1).\n";
 	const char* base = (const char*)&v;
 	for (int f = 0; f < veh_field_count; f++) {
 		const veh_field_info& fi = veh_fields[f];
@@ -82,6 +83,7 @@ void acf_write_text(const veh_struct& v, std::ostream& out)
 		}
 		const int unit = fi.type == vf_char ? 1 : 4;
 		const int count = (int)fi.size / unit;
+		const bool empty_slots = std::strcmp(fi.name, "ins_type") == 0;   // unset is -1 there: 0 is the tail number
 		for (int e = 0; e < count; e++) {
 			const char* p = base + fi.offset + (size_t)e * unit;
 			int idx[4], r = e;
@@ -93,7 +95,7 @@ void acf_write_text(const veh_struct& v, std::ostream& out)
 			} else if (fi.type == vf_int) {
 				int iv;
 				std::memcpy(&iv, p, 4);
-				if (!iv) continue;
+				if (iv == (empty_slots ? -1 : 0)) continue;
 				line_start(idx, nd);
 				out << iv << "\n";
 			} else {
