@@ -150,7 +150,18 @@ TEST_F(Panel, ATallPanelLiftsItsSlotsAndEachPlateLandsOnItsSlot)
 	v.ins_size[8] = 1.0f;
 	v.HUD_ctr_y[0] = 500;
 	v.big_panel_pix_default = 100;
+	v.ins_type[9] = 101;   // off the panel, at no size: skipped, never a crash
+	v.ins_x[9] = -5000;
+	v.ins_y[9] = 90000;
+	v.ins_size[9] = -1.0f;
+	v.ins_type[10] = 102;   // a plate that is no picture: said, with its path
+	v.ins_x[10] = 800;
+	v.ins_y[10] = 100;
+	v.ins_size[10] = 1.0f;
+	std::ofstream(own(ins_path[102]), std::ios::binary) << "\x89PNG\r\n\x1a\n garbage";
+	const int alerts = alert_count;
 	load_panel_for_plane();
+	EXPECT_EQ(alert_count, alerts + 1);
 	EXPECT_EQ(ren.view_bmp_avail[0], 0);
 	EXPECT_EQ(os_y_from_PM_coords, 256.0f);
 	EXPECT_EQ(mnw.look_up_UP[0], 256.0f);
