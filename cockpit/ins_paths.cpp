@@ -1,5 +1,6 @@
 // The art of every instrument code, below the art root: plate, layers and spec file all
-// take their names from it.
+// take their names from it. Three are named for what they are: 583 the slim glass HSI, 611
+// and 612 the integrated primary flight and multi-function displays.
 #include "cockpit/panel.h"
 
 const char* const ins_path[ins_code_max] = {
@@ -586,7 +587,7 @@ const char* const ins_path[ins_code_max] = {
 	"cockpit:ECAM:mode ENG:engine linear:ECAM_lin_ff.png",   // 580
 	"cockpit:ECAM:mode ENG:engine linear:ECAM_lin_itt.png",
 	"cockpit:ECAM:mode ENG:engine linear:ECAM_lin_egt.png",
-	"cockpit:standard six:HSIs:HSI_glass_Sandel.png",
+	"cockpit:standard six:HSIs:HSI_glass_slim.png",
 	"cockpit:EFIS:EFIS elements primary:el_vvi_adaptive.png",
 	"cockpit:engine:engine supplement:sqr_gen_amps.png",
 	"cockpit:EFIS:EFIS elements supplement:el_baro.png",
@@ -614,6 +615,6 @@ const char* const ins_path[ins_code_max] = {
 	"cockpit:engine:engine round:engine_CHT_EGT.png",
 	"cockpit:annunciators:ann_speedbrake.png",
 	"cockpit:annunciators:ann_GPWS.png",   // 610
-	"cockpit:EFIS:Avidyne:Avidyne_PFD.png",
-	"cockpit:EFIS:Avidyne:Avidyne_MFD.png",
+	"cockpit:EFIS:integrated:integrated_PFD.png",
+	"cockpit:EFIS:integrated:integrated_MFD.png",
 };
