@@ -21,3 +21,5 @@ void ACF_autoset(int p);
 int ACF_check(int p, int is_batch);
 int build_cockpit_object(const char* path);
 int IO_wpn(int IO_type, int p, int w, const char* name, char* scratch, int batch);
+int wpn_drop_tank_station();          // the first drop tank still on its station, -1 for none
+void wpn_release_station(int station);   // lets the weapon on that station go

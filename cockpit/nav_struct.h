@@ -24,4 +24,9 @@ struct nav_struct {
 	int EFIS_wxr, EFIS_tcas, EFIS_apt, EFIS_fix, EFIS_vor, EFIS_ndb;
 	int marker_audio_working, gear_audio_working, audio_sel;
 	int mode_ecam;   // the ECAM page on show, 0..4
+	// The panel's selectors and knobs: the RMI's needle source, speed in Mach, the course of
+	// each receiver (4 the GPS), the ADF cards (2, 3), the radio altimeter's bug, the attitude
+	// indicator's little aeroplane (degrees).
+	int RMIsel, km_is_mach;
+	float OBS_mag[6], CARD_mag[4], radalt_bug_ft, ah_adjust;
 };

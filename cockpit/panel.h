@@ -34,6 +34,18 @@ int open_ins_file(const std::string& sub_path);   // the aircraft folder's copy,
 void init_cus_specs(int code, const std::string& sub_path, int lines);
 void init_tapes_specs();
 
+// The mouse, relative to the instrument being drawn and scaled with it; limits included.
+bool in_ins_box(float x1, float y1, float x2, float y2);
+bool but_mouse_region(float x1, float y1, float x2, float y2, int constant_drag);   // pressed (or dragging) in the box
+bool but_bool(float x, float y, float s, int constant_drag);                        // within s of (x, y)
+// A two-way control in the box of s round (x, y): -rate1 or +rate1 on a click, rate2 a
+// second while held (keep_going), by which side of it the mouse is on; 0 elsewhere.
+float but_scroll(int but_typ, float x, float y, float s, float rate1, float rate2, int keep_going);
+
+// The switch family (manual_type -1 from the panel, else a code thrown from outside, not
+// drawn) and the knob family at (x, y) of the instrument.
+void update_rhe(float x, float y, int type);
+
 // The pass.
 int get_next_eng(int* current);
 void plot_ins_overlay(float x, float y, float ang, int val, int num_vals, int lit, int rotated, int layer);

@@ -119,6 +119,7 @@ void MACIBM_event_proc()
 		mnw.first_miss_cycle = 0;
 	}
 	if (mnw.track_cpu) profile_chart("fill", 0);
+	plat_set_cursor(mnw.cursor_type);   // what the frame's controls asked for under the mouse
 	OGL_sbuf();
 	MOV_addframe();
 	if (mnw.top_win == 4 && !mnw.now_dragging) cloud_update_vars();

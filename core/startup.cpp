@@ -148,6 +148,7 @@ void MACIBM_init()
 	mnw.prd_FM = 0.02f;
 	mnw.prd_UI = 0.02f;
 	mnw.top_win = -1;
+	mnw.menu_up = -1;   // no menu open
 	std::snprintf(msc.apt_id_str, sizeof msc.apt_id_str, "KSBD");   // until the preferences say otherwise
 	handle_prefs(0, 6, res_path.c_str());
 	OGL_assign_start_colours();

@@ -33,6 +33,9 @@ void plat_offscreen_close();
 int plat_offscreen_active();
 const char* plat_offscreen_error();
 void plat_showinit(const char* text);
+// The mouse pointer: 0 the arrow, 2 to 5 a knob turned down or up (small, large), 6 and 7 a
+// rocker down or up, 8 and 9 left or right, 10 the hand of a button, 11 the grip of a lever.
+void plat_set_cursor(int kind);
 std::string plat_exe_folder();        // with a trailing '/'
 std::string plat_program_folder();    // where the data tree is: the executable's folder unless a backend says otherwise
 void plat_catch_signals();            // SIGINT and SIGTERM end the loop through the normal finish

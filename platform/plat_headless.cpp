@@ -72,5 +72,6 @@ void plat_message_box(const char* title, const char* text)   // headless: Error.
 }
 
 void plat_showinit(const char* text) { showinit_lines.emplace_back(text); }
+void plat_set_cursor(int) {}   // no pointer without a window
 
 std::string plat_program_folder() { return folder_override.empty() ? plat_exe_folder() : folder_override; }

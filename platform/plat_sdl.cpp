@@ -163,4 +163,21 @@ void plat_message_box(const char* title, const char* text)
 
 void plat_showinit(const char* text) { std::printf("%s\n", text); std::fflush(stdout); }
 
+void plat_set_cursor(int kind)
+{
+	// The system's own shapes: turning and rocking both read as arrows along the motion.
+	static SDL_Cursor* made[12] = {};
+	static int shown = -1;
+	if (kind < 0 || kind > 11) kind = 0;
+	if (kind == shown || !window) return;
+	SDL_SystemCursor sys = SDL_SYSTEM_CURSOR_ARROW;
+	if (kind >= 2 && kind <= 5) sys = SDL_SYSTEM_CURSOR_SIZEALL;
+	else if (kind == 6 || kind == 7 || kind == 11) sys = SDL_SYSTEM_CURSOR_SIZENS;
+	else if (kind == 8 || kind == 9) sys = SDL_SYSTEM_CURSOR_SIZEWE;
+	else if (kind == 10) sys = SDL_SYSTEM_CURSOR_HAND;
+	if (!made[kind]) made[kind] = SDL_CreateSystemCursor(sys);
+	if (made[kind]) SDL_SetCursor(made[kind]);
+	shown = kind;
+}
+
 std::string plat_program_folder() { return plat_exe_folder(); }

@@ -89,6 +89,7 @@ TEST_F(PanelView, EachInstrumentIsReportedAtItsSlot)
 		std::ofstream f(src, std::ios::app);
 		f << "ins_type[4] 101\nins_x[4] 300\nins_y[4] 200\nins_size[4] 1\n";
 		f << "ins_type[9] 94\nins_x[9] 700\nins_y[9] 150\nins_size[9] 0.5\n";
+		f << "ins_type[12] 7000\nins_x[12] 500\nins_y[12] 100\nins_size[12] 1\n";   // no such instrument
 	}
 	ASSERT_EQ(std::system((std::string(NIMBARA_FRAMEWRIGHT) + " build " + src + " " + acf + " > " + dir + "build.log 2>&1").c_str()), 0);
 	ASSERT_TRUE(panel_at(0, " --aircraft \"" + acf + "\" --tree \"" + dir + "tree\""));
@@ -99,6 +100,11 @@ TEST_F(PanelView, EachInstrumentIsReportedAtItsSlot)
 	while (in >> word) {
 		if (word != "ins" || !(in >> slot >> code >> x >> y >> size)) continue;
 		found++;
+		if (slot >= 20) continue;   // the trainer's own switches
+		if (slot == 12) {
+			EXPECT_EQ(code, 7000);
+			continue;
+		}
 		if (slot == 4) {
 			EXPECT_EQ(code, 101);
 			EXPECT_NEAR(x, 300.0, 0.01);
@@ -111,5 +117,37 @@ TEST_F(PanelView, EachInstrumentIsReportedAtItsSlot)
 			EXPECT_NEAR(size, 0.5, 1e-6);
 		}
 	}
-	EXPECT_EQ(found, 2);
+	EXPECT_EQ(found, 11 + 3);
+	// The code outside the catalogue is said in the log, and the rest of the panel drawn.
+	std::ifstream err(tree + "Error.out");
+	std::stringstream all;
+	all << err.rdbuf();
+	EXPECT_NE(all.str().find("Bad instrument type!"), std::string::npos);
+}
+
+// A click on the landing light's switch turns its lever up and changes nothing else on the
+// panel; a click just outside its box changes nothing at all.
+TEST_F(PanelView, AClickOnASwitchChangesItsPictureAndNothingElse)
+{
+	ASSERT_TRUE(panel_at(0));
+	const std::vector<unsigned char> before = px;
+	const int sx = 240, sy = 768 - 60;   // the switch's centre, from the top left
+	// The panel below the glare shield: the sea behind the windscreen moves on by itself.
+	auto changes = [&](int* inside, int* outside) {
+		*inside = *outside = 0;
+		for (int y = 768 - 380; y < H; y++)
+			for (int x = 0; x < W; x++) {
+				const size_t k = ((size_t)y * W + x) * 4;
+				if (px[k] == before[k] && px[k + 1] == before[k + 1] && px[k + 2] == before[k + 2]) continue;
+				(std::abs(x - sx) <= 24 && std::abs(y - sy) <= 36 ? *inside : *outside)++;
+			}
+	};
+	int inside, outside;
+	ASSERT_TRUE(panel_at(0, " --click " + std::to_string(sx + 13) + "," + std::to_string(sy)));
+	changes(&inside, &outside);
+	EXPECT_EQ(inside + outside, 0);
+	ASSERT_TRUE(panel_at(0, " --click " + std::to_string(sx) + "," + std::to_string(sy)));
+	changes(&inside, &outside);
+	EXPECT_GT(inside, 50);
+	EXPECT_EQ(outside, 0);
 }

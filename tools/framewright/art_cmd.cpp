@@ -120,6 +120,15 @@ bool draw(canvas& c, const std::string& op, std::istringstream& ss, std::string*
 		c.colour(v[3], v[4], v[5], a);
 		cairo_arc(c.cr, v[0], c.y(v[1]), v[2], 0, 2 * M_PI);
 		cairo_fill(c.cr);
+	} else if (op == "needle") {   // needle X Y LENGTH WIDTH ANGLE R G B: a bar from (X, Y) out at ANGLE, clockwise from up
+		if (!need(v, 8)) return false;
+		const double a = v[4] * M_PI / 180.0, ux = std::sin(a), uy = std::cos(a), hw = v[3] * 0.5;
+		c.colour(v[5], v[6], v[7]);
+		const double pts[4][2] = {{v[0] - uy * hw, v[1] + ux * hw}, {v[0] + uy * hw, v[1] - ux * hw},
+		                          {v[0] + uy * hw + ux * v[2], v[1] - ux * hw + uy * v[2]}, {v[0] - uy * hw + ux * v[2], v[1] + ux * hw + uy * v[2]}};
+		for (const auto& p : pts) cairo_line_to(c.cr, p[0], c.y(p[1]));
+		cairo_close_path(c.cr);
+		cairo_fill(c.cr);
 	} else if (op == "text") {   // text X Y SIZE R G B WORDS: centred on X, baseline at Y
 		if (!need(v, 6)) return false;
 		std::string words;
@@ -143,14 +152,11 @@ bool draw(canvas& c, const std::string& op, std::istringstream& ss, std::string*
 	return true;
 }
 
-}  // namespace
-
-int framewright_art(int argc, char** argv)
+// One source file's lines; "include FILE" (beside it) reads another's in its place.
+bool run_file(canvas& c, const std::string& file, int depth)
 {
-	if (argc != 3) { std::fprintf(stderr, "framewright: art SRC.txt OUT.png\n"); return 2; }
-	std::ifstream in(argv[1]);
-	if (!in) { std::fprintf(stderr, "framewright: cannot read %s\n", argv[1]); return 1; }
-	canvas c;
+	std::ifstream in(file);
+	if (!in) { std::fprintf(stderr, "framewright: cannot read %s\n", file.c_str()); return false; }
 	std::string line;
 	int line_no = 0;
 	while (std::getline(in, line)) {
@@ -158,7 +164,15 @@ int framewright_art(int argc, char** argv)
 		std::istringstream ss(line);
 		std::string op, why;
 		if (!(ss >> op) || op[0] == '#') continue;
-		if (op == "size") {
+		if (op == "include") {
+			std::string name;
+			std::getline(ss, name);
+			name.erase(0, name.find_first_not_of(' '));
+			const size_t slash = file.find_last_of('/');
+			if (depth > 8) why = "includes nested too deep";
+			else if (name.empty()) why = "include needs a file";
+			else if (!run_file(c, (slash == std::string::npos ? std::string() : file.substr(0, slash + 1)) + name, depth + 1)) return false;
+		} else if (op == "size") {
 			if (c.surface || !(ss >> c.w >> c.h) || c.w < 1 || c.h < 1 || c.w > 4096 || c.h > 4096) why = "size W H once, first";
 			else {
 				c.surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, c.w, c.h);
@@ -170,10 +184,20 @@ int framewright_art(int argc, char** argv)
 			draw(c, op, ss, &why);
 		}
 		if (!why.empty()) {
-			std::fprintf(stderr, "framewright: %s:%d: %s: \"%s\"\n", argv[1], line_no, why.c_str(), line.c_str());
-			return 1;
+			std::fprintf(stderr, "framewright: %s:%d: %s: \"%s\"\n", file.c_str(), line_no, why.c_str(), line.c_str());
+			return false;
 		}
 	}
+	return true;
+}
+
+}  // namespace
+
+int framewright_art(int argc, char** argv)
+{
+	if (argc != 3) { std::fprintf(stderr, "framewright: art SRC.txt OUT.png\n"); return 2; }
+	canvas c;
+	if (!run_file(c, argv[1], 0)) return 1;
 	if (!c.surface) { std::fprintf(stderr, "framewright: %s draws nothing\n", argv[1]); return 1; }
 	cairo_surface_flush(c.surface);
 	if (cairo_surface_write_to_png(c.surface, argv[2]) != CAIRO_STATUS_SUCCESS) {

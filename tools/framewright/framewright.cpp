@@ -30,7 +30,8 @@ static const char* help_text =
 	"      The same, then prints the whole loaded record, derived quantities included, in SI.\n"
 	"  framewright art SRC.txt OUT.png\n"
 	"      Draws a cockpit picture from its readable source: 'size W H', then shapes\n"
-	"      (fill, rect, poly, sharp, key, arch, band, shade, circle, text), y up from the bottom;\n"
+	"      (fill, rect, poly, sharp, key, arch, band, shade, circle, needle,\n"
+	"      text; include FILE reads another source in place), y up from the bottom;\n"
 	"      pure magenta (255 0 255) is the see-through key.\n"
 	"  framewright --help\n";
 

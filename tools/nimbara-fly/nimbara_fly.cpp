@@ -109,12 +109,13 @@ static const char* help_text =
 	"  nimbara-fly view --lat D --lon D --alt-ft H [--heading D] [--pitch D] [--roll D] [--view CODE]\n"
 	"                  [--fov D] [--size WxH] [--date YYYY-MM-DD] [--time-utc HH:MM] [--vis-nm V]\n"
 	"                  [--sunglasses] [--night-vision] [--landing-light] [--aircraft PATH] [--panel]\n"
-	"                  --png OUT [--tree DIR]\n"
+	"                  [--click X,Y ...] --png OUT [--tree DIR]\n"
 	"      Starts as the simulator does, holds aircraft 0 at the place and attitude with the\n"
 	"      clock stopped, runs 30 frames of the real frame code offscreen and writes the last.\n"
 	"      View 1525 (forward, nothing), field of view 45, 1024x768 unless told; --panel is view\n"
 	"      1500, and then prints a line per drawn instrument: 'ins SLOT CODE X Y SIZE', its centre\n"
-	"      in the picture's pixels from the top left. Needs a display.\n"
+	"      in the picture's pixels from the top left. Each --click presses and releases the\n"
+	"      mouse at that pixel, in order, before the frames. Needs a display.\n"
 	"  nimbara-fly --help\n";
 
 bool fly_parse(const char* s, double lo, double hi, double* v)

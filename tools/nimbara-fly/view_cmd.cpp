@@ -28,6 +28,7 @@ int fly_view(int argc, char** argv)
 	std::string png_out, tree = fly_default_tree();
 	bool sunglasses = false, night_vision = false, landing_light = false;
 	std::string aircraft;
+	std::vector<std::pair<int, int>> clicks;   // picture pixels from the top left
 	for (int k = 1; k < argc; k++) {
 		const std::string o = argv[k];
 		if (o == "--sunglasses" || o == "--night-vision" || o == "--landing-light") {
@@ -52,6 +53,11 @@ int fly_view(int argc, char** argv)
 		else if (o == "--vis-nm") ok = fly_parse(val, 0.1, 200, &vis_nm);
 		else if (o == "--png") png_out = val;
 		else if (o == "--aircraft") aircraft = val;
+		else if (o == "--click") {
+			int x, y;
+			ok = std::sscanf(val, "%d,%d", &x, &y) == 2;
+			if (ok) clicks.emplace_back(x, y);
+		}
 		else if (o == "--tree") tree = fly_tree_arg(val);
 		else if (o == "--size") ok = std::sscanf(val, "%dx%d", &width, &height) == 2 && width >= 16 && height >= 16 && width <= 4096 && height <= 4096;
 		else if (o == "--date") ok = std::sscanf(val, "%d-%d-%d", &year, &month, &mday) == 3 && month >= 1 && month <= 12 && mday >= 1 && mday <= 31;
@@ -59,6 +65,11 @@ int fly_view(int argc, char** argv)
 		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
 		if (!ok) { std::fprintf(stderr, "nimbara-fly: bad value '%s' for %s\n", val, o.c_str()); return 2; }
 	}
+	for (const auto& c : clicks)
+		if (c.first < 0 || c.second < 0 || c.first >= width || c.second >= height) {
+			std::fprintf(stderr, "nimbara-fly: --click %d,%d is outside the %dx%d picture\n", c.first, c.second, width, height);
+			return 2;
+		}
 	if (std::isnan(lat) || std::isnan(lon) || std::isnan(alt_ft) || png_out.empty()) {
 		std::fprintf(stderr, "nimbara-fly: view needs --lat, --lon, --alt-ft and --png\n");
 		return 2;
@@ -109,6 +120,17 @@ int fly_view(int argc, char** argv)
 	mnw.top_win = 0;
 	glClearColor(1.0f, 0.0f, 1.0f, 1.0f);   // a colour no sky has: any hole in the picture shows it
 	glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+	WORLD_scene_all_cases();   // the view in place before the mouse acts on it
+	for (const auto& c : clicks) {   // a press, a frame, a release, a frame
+		mnw.mx = (int)(c.first / mnw.xy_scale - mnw.x_off);
+		mnw.my = (int)((height - c.second) / mnw.xy_scale);
+		mnw.mouse_clicked = mnw.now_dragging = 1;
+		WORLD_scene_all_cases();
+		mnw.mouse_clicked = mnw.now_dragging = 0;
+		mnw.mouse_lifted = 1;
+		WORLD_scene_all_cases();
+		mnw.mouse_lifted = 0;
+	}
 	for (int n = 0; n < 30; n++) WORLD_scene_all_cases();
 	glFinish();
 	std::vector<unsigned char> px((size_t)width * height * 4);
