@@ -121,6 +121,24 @@ TEST_F(Overlay, AFrameOfTheStripLandsOnItsSlotUprightTurnedOrScaled)
 	EXPECT_EQ(x2 - x1 + 1, 20);
 	EXPECT_EQ(y2 - y1 + 1, 10);
 	EXPECT_NEAR((x1 + x2) * 0.5, 299.5, 1.0);
+	// A switch thrown from outside draws nothing, where the panel's own call shows its frame.
+	ins_size = 1.0f;
+	glClear(GL_COLOR_BUFFER_BIT);
+	update_dashbool(29, 0);
+	glFinish();
+	glReadPixels(0, 0, 1024, 768, GL_RGBA, GL_UNSIGNED_BYTE, px.data());
+	box(0, &x1, &y1, &x2, &y2);
+	EXPECT_EQ(x2, -1);
+	box(1, &x1, &y1, &x2, &y2);
+	EXPECT_EQ(x2, -1);
+	mnw.menu_up = -1;
+	ins_type = 29;   // the battery switch on this slot: on, so its second frame
+	update_dashbool(-1, 0);
+	glFinish();
+	glReadPixels(0, 0, 1024, 768, GL_RGBA, GL_UNSIGNED_BYTE, px.data());
+	box(1, &x1, &y1, &x2, &y2);
+	EXPECT_EQ(x1, 280);
+	EXPECT_EQ(stg.battery, 1);
 	const int alerts = alert_count;
 	plot_ins_overlay(0, 0, 0, 0, 1, 0, 0, 5);   // no layer 5
 	EXPECT_EQ(alert_count, alerts + 1);
