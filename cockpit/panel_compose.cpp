@@ -12,6 +12,7 @@
 #include <GL/gl.h>
 #include <algorithm>
 #include <cstring>
+#include <fstream>
 
 float os_y_from_PM_coords = 0.0f;
 
@@ -36,7 +37,11 @@ std::string with_layer(const std::string& path, int layer)
 // A piece of art from the aircraft's folder when it brings its own, else the default.
 int load_art(int type, int id, int filter, const std::string& art_path)
 {
-	return OGL_texbmp(type, id, filter, aircraft_folder() + art_path) || OGL_texbmp(type, id, filter, bmp_path + art_path);
+	for (const std::string& p : {aircraft_folder() + art_path, bmp_path + art_path}) {
+		const bool there = std::ifstream(ret_host_path(tex_file_path(p, ".png"))).good() || std::ifstream(ret_host_path(tex_file_path(p, ".bmp"))).good();
+		if (there && OGL_texbmp(type, id, filter, p)) return 1;   // only what is there: most slots have no art of their own
+	}
+	return 0;
 }
 
 // Where a view's background sets the panel's heights: its offset when taller than 768, the

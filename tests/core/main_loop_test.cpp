@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <vector>
 #include <sstream>
 #include <string>
 
@@ -46,8 +47,11 @@ TEST_F(Headless, StartUpShowsItsStagesInOrderAndOpensTheLogs)
 	const char* want[] = {"Will init gen.", "Will init graphics world.", "Will init graphics world.",
 	                      "Will init graphics world.", "Will init hardware out.", "Will read logbook.",
 	                      "Will load your plane.", "Will read nav data.", "Will init flight 0."};
-	ASSERT_EQ(HEADLESS_num_showinit(), 9);
-	for (int n = 0; n < 9; n++) EXPECT_STREQ(HEADLESS_showinit_line(n), want[n]);
+	std::vector<std::string> stages;   // the stages, between them the bitmaps loading
+	for (int n = 0; n < HEADLESS_num_showinit(); n++)
+		if (std::string(HEADLESS_showinit_line(n)).rfind("Loading bitmap ", 0) != 0) stages.emplace_back(HEADLESS_showinit_line(n));
+	ASSERT_EQ(stages.size(), 9u);
+	for (int n = 0; n < 9; n++) EXPECT_EQ(stages[n], want[n]);
 	for (const char* f : {"Error.out", "Data.out", "Nimbara.out"})
 		EXPECT_TRUE(std::filesystem::exists(tree + f)) << f;
 	EXPECT_FLOAT_EQ(con.g, 9.7982788f);
