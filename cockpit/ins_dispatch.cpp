@@ -72,8 +72,8 @@ int run_ins_routine(int c)
 	else if (any(c, {9, 31, 32, 33, 447, 413, 411})) update_dashbool(-1, next_by_hand(&pcount.dashbool));
 	else if (any(c, {22, 23, 487, 530, 531})) update_dashbool(-1, 67 + pcount.gear++ % 6);   // the six gear parts in turn
 	else if (in(c, 39, 46) || in(c, 248, 250) || any(c, {274, 375, 478}) || in(c, 500, 519)) update_rhe(0, 0, c);
-	else if (number_kind(c) >= 0) update_num_eng(next_of(1, number_kind(c)));
-	else if (round_kind(c) >= 0) update_eng_asi(next_of(0, round_kind(c)), 0);
+	else if (const int k = number_kind(c); k >= 0) update_num_eng(next_of(1, k));
+	else if (const int k = round_kind(c); k >= 0) update_eng_asi(next_of(0, k), 0);
 	else if (c == 607) {   // oil temperature and pressure on one face
 		update_eng_asi(next_of(0, 12), 0);
 		update_eng_asi(next_of(0, 11), 1);

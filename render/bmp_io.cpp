@@ -18,8 +18,6 @@ void put32(unsigned char* p, unsigned v)
 	for (int k = 0; k < 4; k++) p[k] = (unsigned char)(v >> (8 * k));
 }
 
-bool in(int id, int lo, int hi) { return id >= lo && id <= hi; }
-
 }  // namespace
 
 int load_bmp_into_scratch(const std::string& hard_path, int index, int type, int bytes, int filter_type, int* full_width)
@@ -59,7 +57,7 @@ int load_bmp_into_scratch(const std::string& hard_path, int index, int type, int
 		tex_alert("Trying to read a texture bitmap that is not a bitmap", "The file ends before its last row.", path);
 		return 0;
 	}
-	if (in(index, 424, 467) || in(index, 7701, 7941)) filter_type = filt_key_magenta;   // propellers and part layers
+	if (tex_forces_key(index)) filter_type = filt_key_magenta;
 	int dx = width, dy = (int)height, os_x = 0, os_y = 0;
 	const float scale = get_scale(path, index, type, &dx, &dy, &os_x, &os_y, full_width);
 	if (scale <= 0.0f) return 0;

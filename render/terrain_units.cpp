@@ -11,6 +11,22 @@ namespace {
 enum { second_none, second_shadow, second_lamp, second_glitter };
 int second_kind = second_none;
 
+// The unit's colour from what is below it (argument 1), its texture (argument 2) and a first
+// argument of the caller's, by the function given; the alpha is left as it was.
+void combine_rgb(GLenum function, GLenum source0)
+{
+	glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_COMBINE);
+	glTexEnvi(GL_TEXTURE_ENV, GL_COMBINE_RGB, function);
+	const GLenum sources[3] = {source0, GL_PREVIOUS, GL_TEXTURE};
+	for (int k = 0; k < 3; k++) {
+		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_RGB + k, sources[k]);
+		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND0_RGB + k, GL_SRC_COLOR);
+	}
+	glTexEnvi(GL_TEXTURE_ENV, GL_COMBINE_ALPHA, GL_REPLACE);
+	glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_ALPHA, GL_PREVIOUS);
+	glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND0_ALPHA, GL_SRC_ALPHA);
+}
+
 }  // namespace
 
 void ret_shadow_st(const float* p, float* s, float* t)
@@ -54,33 +70,12 @@ void terrain_second_env(int unit, int tex)
 	OGL_bind(tex, unit);
 	glActiveTexture(GL_TEXTURE0 + unit);
 	if (second_kind == second_glitter) {
-		// Toward the sun's own colour as far as the glitter reaches; the alpha left as it was.
+		// Toward the sun's own colour as far as the glitter reaches.
 		const GLfloat sun[4] = {ren.sun_rgb[0], ren.sun_rgb[1], ren.sun_rgb[2], 1.0f};
-		glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_COMBINE);
 		glTexEnvfv(GL_TEXTURE_ENV, GL_TEXTURE_ENV_COLOR, sun);
-		glTexEnvi(GL_TEXTURE_ENV, GL_COMBINE_RGB, GL_INTERPOLATE);
-		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_RGB, GL_CONSTANT);
-		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND0_RGB, GL_SRC_COLOR);
-		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE1_RGB, GL_PREVIOUS);
-		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND1_RGB, GL_SRC_COLOR);
-		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE2_RGB, GL_TEXTURE);
-		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND2_RGB, GL_SRC_COLOR);
-		glTexEnvi(GL_TEXTURE_ENV, GL_COMBINE_ALPHA, GL_REPLACE);
-		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_ALPHA, GL_PREVIOUS);
-		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND0_ALPHA, GL_SRC_ALPHA);
+		combine_rgb(GL_INTERPOLATE, GL_CONSTANT);
 	} else if (second_kind == second_lamp && ren.mod_add_avail) {
-		// The lamp lights the ground's own colour: what is below plus the land times the pool.
-		glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_COMBINE);
-		glTexEnvi(GL_TEXTURE_ENV, GL_COMBINE_RGB, GL_MODULATE_ADD_ATI);
-		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_RGB, GL_TEXTURE0);
-		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND0_RGB, GL_SRC_COLOR);
-		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE1_RGB, GL_PREVIOUS);
-		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND1_RGB, GL_SRC_COLOR);
-		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE2_RGB, GL_TEXTURE);
-		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND2_RGB, GL_SRC_COLOR);
-		glTexEnvi(GL_TEXTURE_ENV, GL_COMBINE_ALPHA, GL_REPLACE);
-		glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_ALPHA, GL_PREVIOUS);
-		glTexEnvi(GL_TEXTURE_ENV, GL_OPERAND0_ALPHA, GL_SRC_ALPHA);
+		combine_rgb(GL_MODULATE_ADD_ATI, GL_TEXTURE0);   // the lamp lights the land's own colour: below plus land times pool
 	} else {
 		// Without that the pool is light added; a cloud's shadow darkens.
 		glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, second_kind == second_lamp ? GL_ADD : GL_MODULATE);

@@ -167,6 +167,8 @@ float get_scale(const std::string& path, int index, int type, int* dx, int* dy, 
 	return scale;
 }
 
+bool tex_forces_key(int index) { return in(index, 424, 467) || in(index, 7701, 7941); }
+
 int OGL_texbmp(int type, int index, int filter_type, const std::string& hard_path)
 {
 	std::string path = hard_path;
@@ -184,8 +186,7 @@ int OGL_texbmp(int type, int index, int filter_type, const std::string& hard_pat
 	const int rgb_type = rgba ? GL_RGBA : filter_type == filt_alpha_only_mip ? GL_ALPHA : GL_RGB;
 	const int bytes = rgba ? 4 : rgb_type == GL_ALPHA ? 1 : 3;
 	int full_width = 1024;
-	const bool key = filter_type == filt_key_magenta || filter_type == filt_key_magenta_mip || (index >= 424 && index <= 467) ||
-	                 (index >= 7701 && index <= 7941);
+	const bool key = filter_type == filt_key_magenta || filter_type == filt_key_magenta_mip || tex_forces_key(index);
 	int got = load_png_into_scratch(path, index, type, bytes, &full_width, key);
 	if (!got) got = load_bmp_into_scratch(path, index, type, bytes, filter_type, &full_width);
 	if (!got) return 0;

@@ -17,6 +17,7 @@ extern unsigned char* cockpit_array[9];     // the finished panels, 1024 by 1024
 extern unsigned char win_gamma[256];          // (i / 255) to the power 0.818181818, of 255
 
 int OGL_texbmp(int type, int index, int filter_type, const std::string& hard_path);
+bool tex_forces_key(int index);   // propellers and part layers take the magenta key whatever the caller says
 float get_scale(const std::string& path, int index, int type, int* dx, int* dy, int* os_x, int* os_y, int* full_width);
 // key_magenta: pure magenta is see-through, as in the bitmaps, whatever the file's alpha.
 int load_png_into_scratch(const std::string& path, int index, int type, int bytes, int* full_width, bool key_magenta = false);
