@@ -2,18 +2,14 @@
 #include "cockpit/gauges.h"
 
 void TEXT_plot_string(float, float, const char*, int, int) {}   // gauges step
-void plot_solid_0_10_vert(float, float, float, int, int, int, int) {}   // gauges step
-void update_eng_asi(int, int) {}   // gauges step
 void update_num_eng(int) {}   // gauges step
 void update_sqr_eng(int) {}   // gauges step
 void update_annunciator(int) {}   // gauges step
 void update_VOR(int) {}   // gauges step
 void update_RMI_ADF() {}   // gauges step
 void update_otto() {}   // gauges step
-void update_art_horiz() {}   // flight instruments step
 void update_DG() {}   // gauges step
 void update_HSI() {}   // gauges step
-void update_altitude() {}   // flight instruments step
 void update_VVI() {}   // gauges step
 void update_Gmeter() {}   // gauges step
 void update_totenergy() {}   // gauges step

@@ -4,7 +4,20 @@
 
 // Flight and engine gauges.
 void TEXT_plot_string(float x, float y, const char* s, int color, int lit);
+// The drum counter: num_dig wheels of the slot's strip centred at (x, y), then the mask.
 void plot_solid_0_10_vert(float x, float y, float val, int num_dig, int mask_num, int num_masks, int lit);
+// The six wheels of a drum reading |val|, hundred-thousands first, the units with their
+// fraction; a wheel past 9 carries its excess into the next, a carried 0 reads 10.
+void drum_wheels(float val, float fdig[6]);
+void plot_solid_tape_vert(float x, float y, float val, int mask_num, int num_masks);
+// The preset airspeed faces' fixed curve: the needle's angle in degrees clockwise from up.
+float asi_to_ang(int code, float v);
+// A scale's spacing for the span it shows: the tick step, the numbered step, and what a
+// printed number is divided by.
+struct scale_steps {
+	float step, modnum, units;
+};
+scale_steps ret_scale_steps(float range);
 void update_eng_asi(int en, int second);
 void update_num_eng(int en);
 void update_sqr_eng(int en);
@@ -14,6 +27,7 @@ void update_VOR(int i);
 void update_RMI_ADF();
 void update_otto();
 void update_art_horiz();
+float ret_pitch_pix_per_deg(int code);   // the horizon ball's scale, from its tape file
 void update_DG();
 void update_HSI();
 void update_altitude();

@@ -29,4 +29,5 @@ struct nav_struct {
 	// indicator's little aeroplane (degrees).
 	int RMIsel, km_is_mach;
 	float OBS_mag[6], CARD_mag[4], radalt_bug_ft, ah_adjust;
+	float fd_roll, fd_ptch;   // the flight director's commanded bank and pitch, degrees
 };

@@ -77,6 +77,8 @@ void update_control_laws(int p);
 void touchdown_keys(int reverse);   // the reverse and autopilot-disconnect keys at touchdown
 void update_effects(int p);
 void update_gauges(int p);
+void update_gyro_feeds();  // the vacuum and the inverted bus that spin the gyros
+void manage_gyro(int g);   // the vacuum (0) or electric (1) gyros' attitude and heading
 void update_failures();
 void attach_weapon(int p, int w);
 void stop_fire();

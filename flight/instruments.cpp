@@ -35,4 +35,9 @@ void update_gauges(int p)
 		f.v_ind_kts = pitot_ref_spd - (f.h_ind_ft - pitot_ref_alt_static) * 0.05f;
 	} else { pitot_ref_alt_static = f.h_ind_ft; pitot_ref_vvi = f.vvi_ind_fpm; }
 	f.h_ind_ft += (nav.baro_setting_HG - con.sl_P_pas * con.pasto_hg) * 1000.0f;
+	if (p == 0) {   // the gyros are the user's
+		update_gyro_feeds();
+		manage_gyro(0);
+		manage_gyro(1);
+	}
 }

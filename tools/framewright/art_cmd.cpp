@@ -33,8 +33,14 @@ struct canvas {
 		if (ft) FT_Done_FreeType(ft);
 	}
 	double y(double from_bottom) const { return h - from_bottom; }
+	bool cutting = false;   // "cut": the shape clears what is under it, whatever its colour
 	void colour(double r, double g, double b, double a = 255.0)
 	{
+		if (cutting) {
+			cairo_set_antialias(cr, CAIRO_ANTIALIAS_DEFAULT);
+			cairo_set_operator(cr, CAIRO_OPERATOR_CLEAR);
+			return;
+		}
 		const bool key = r == 255 && g == 0 && b == 255;
 		cairo_set_antialias(cr, key ? CAIRO_ANTIALIAS_NONE : CAIRO_ANTIALIAS_DEFAULT);
 		cairo_set_operator(cr, key ? CAIRO_OPERATOR_SOURCE : CAIRO_OPERATOR_OVER);
@@ -64,6 +70,14 @@ bool draw(canvas& c, const std::string& op, std::istringstream& ss, std::string*
 		return v.size() == n;
 	};
 	std::vector<double> v;
+	if (op == "cut") {   // cut OP ...: the shape OP draws becomes see-through
+		std::string shape;
+		if (!(ss >> shape) || shape == "cut") { *why = "cut needs a shape"; return false; }
+		c.cutting = true;
+		const bool ok = draw(c, shape, ss, why);
+		c.cutting = false;
+		return ok;
+	}
 	if (op == "fill") {
 		if (!need(v, 3)) return false;
 		c.colour(v[0], v[1], v[2]);
@@ -129,8 +143,47 @@ bool draw(canvas& c, const std::string& op, std::istringstream& ss, std::string*
 		for (const auto& p : pts) cairo_line_to(c.cr, p[0], c.y(p[1]));
 		cairo_close_path(c.cr);
 		cairo_fill(c.cr);
-	} else if (op == "text") {   // text X Y SIZE R G B WORDS: centred on X, baseline at Y
-		if (!need(v, 6)) return false;
+	} else if (op == "ring") {   // ring X Y R WIDTH R G B [A]: a circle's outline
+		if (!need(v, 7)) return false;
+		double a = 255;
+		ss >> a;
+		c.colour(v[4], v[5], v[6], a);
+		cairo_set_line_width(c.cr, v[3]);
+		cairo_new_path(c.cr);
+		cairo_arc(c.cr, v[0], c.y(v[1]), v[2], 0, 2 * M_PI);
+		cairo_stroke(c.cr);
+	} else if (op == "sector") {   // sector X Y R_IN R_OUT A0 A1 R G B [A]: a band between radii, angles clockwise from up
+		if (!need(v, 9)) return false;
+		double a = 255;
+		ss >> a;
+		c.colour(v[6], v[7], v[8], a);
+		// Up and clockwise on the dial is cairo's angle - 90 degrees, y being flipped.
+		const double a0 = (v[4] - 90.0) * M_PI / 180.0, a1 = (v[5] - 90.0) * M_PI / 180.0;
+		cairo_new_path(c.cr);
+		cairo_arc(c.cr, v[0], c.y(v[1]), v[3], a0, a1);
+		cairo_arc_negative(c.cr, v[0], c.y(v[1]), v[2], a1, a0);
+		cairo_close_path(c.cr);
+		cairo_fill(c.cr);
+	} else if (op == "ticks") {   // ticks X Y R_IN R_OUT WIDTH A0 A1 STEP R G B: radial marks every STEP degrees
+		if (!need(v, 11)) return false;
+		if (v[7] <= 0) { *why = "ticks needs a step above 0"; return false; }
+		c.colour(v[8], v[9], v[10]);
+		cairo_set_line_width(c.cr, v[4]);
+		for (double ang = v[5]; ang <= v[6] + 1e-6; ang += v[7]) {
+			const double r = ang * M_PI / 180.0;
+			cairo_move_to(c.cr, v[0] + v[2] * std::sin(r), c.y(v[1] + v[2] * std::cos(r)));
+			cairo_line_to(c.cr, v[0] + v[3] * std::sin(r), c.y(v[1] + v[3] * std::cos(r)));
+		}
+		cairo_stroke(c.cr);
+	} else if (op == "text" || op == "label") {   // text X Y SIZE R G B WORDS: centred on X, baseline at Y
+		// label X Y RADIUS ANGLE SIZE R G B WORDS: centred on the point at RADIUS and ANGLE round (X, Y)
+		if (op == "label") {
+			if (!need(v, 8)) return false;
+			const double r = v[3] * M_PI / 180.0;
+			v = {v[0] + v[2] * std::sin(r), v[1] + v[2] * std::cos(r), v[4], v[5], v[6], v[7]};
+		} else if (!need(v, 6)) {
+			return false;
+		}
 		std::string words;
 		std::getline(ss, words);
 		words.erase(0, words.find_first_not_of(' '));
@@ -143,7 +196,8 @@ bool draw(canvas& c, const std::string& op, std::istringstream& ss, std::string*
 		c.colour(v[3], v[4], v[5]);
 		cairo_text_extents_t e;
 		cairo_text_extents(c.cr, words.c_str(), &e);
-		cairo_move_to(c.cr, v[0] - e.width * 0.5 - e.x_bearing, c.y(v[1]));
+		const double base = op == "label" ? v[1] + e.y_bearing + e.height * 0.5 : v[1];   // a label is centred both ways
+		cairo_move_to(c.cr, v[0] - e.width * 0.5 - e.x_bearing, c.y(base));
 		cairo_show_text(c.cr, words.c_str());
 	} else {
 		*why = "unknown operation";

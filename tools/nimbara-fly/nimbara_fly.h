@@ -14,4 +14,5 @@ int fly_write_png(const char* path, const unsigned char* rgba, int w, int h, boo
 #include <string>
 std::string fly_default_tree();   // the tree beside the executable, with a trailing '/'; empty when none
 std::string fly_tree_arg(const char* val);   // a --tree given, with one trailing '/'
+void fly_calm_air();   // no wind, shear, turbulence or thermals
 bool fly_parse(const char* s, double lo, double hi, double* v);   // a whole finite number within lo..hi

@@ -40,15 +40,15 @@ int number(const char* s, float* v)
 	return *s && !*end && std::isfinite(*v);
 }
 
-void calm_air()
+}  // namespace
+
+void fly_calm_air()
 {
 	for (int i = 0; i < 3; i++)
 		atm.set_wind_spd_kts[i] = atm.set_shear_spd_kts[i] = atm.set_turb_inc[i] = 0.0f;
 	atm.therm_prt = atm.burst_prob = atm.rate_change = atm.wind_tbl = 0.0f;
 	atm.wind_X_msc = atm.wind_Y_msc = atm.wind_Z_msc = 0.0f;
 }
-
-}  // namespace
 
 static int run_flight(int argc, char** argv)
 {
@@ -170,7 +170,7 @@ static int run_flight(int argc, char** argv)
 	init_sim();
 	str_to_buf(veh[0].path, file);
 	if (!load_plane(0)) { std::fprintf(stderr, "nimbara-fly: could not load %s\n", file.c_str()); MACIBM_finishup(0); return 1; }
-	if (calm) calm_air();
+	if (calm) fly_calm_air();
 	for (int& a : mnw.assigned) a = 0;   // the runner holds the controls
 	flt_struct& f = flt[0];
 	ren.ground_is_vis = 1;   // the ground is there to fly over
@@ -249,7 +249,7 @@ static int run_flight(int argc, char** argv)
 		mul_quat(q_s, q_h, f.q);
 		quat_to_euler(f.q, &f.psi, &f.the, &f.phi);
 		WORLD_math_all_cases();
-		if (calm) calm_air();
+		if (calm) fly_calm_air();
 		const float tas = !std::isnan(ktas) ? ktas * con.ktstomsc : kias * con.ktstomsc / std::sqrt(fltmax2(con.lcl_sig, 1e-6f));
 		rot_quat(f.q, 0.0f, 0.0f, -tas, &f.vx, &f.vy, &f.vz);   // along the nose, the aircraft's -z
 		f.V_msc = tas;
@@ -260,7 +260,7 @@ static int run_flight(int argc, char** argv)
 		set_engines_for_start(stg.start_running || !on_ground, on_ground);   // in the air they run
 	}
 	if (!std::isnan(brakes)) f.parkbrake = brakes;
-	if (calm) calm_air();
+	if (calm) fly_calm_air();
 	f.sbrk_rqst = f.sbrk_rat = speedbrake;   // out from the start, not on its way
 	stg.chute_on = chute;
 	mnw.first_miss_cycle = 0;
@@ -352,7 +352,7 @@ static int run_flight(int argc, char** argv)
 			if ((!std::isnan(collective) || !std::isnan(hold_vs)) && v.prop_type[en] == 3)
 				set_ptch(en, v.max_pitch[en] + coll_use * (v.min_pitch[en] - v.max_pitch[en]));
 		}
-		if (calm) calm_air();
+		if (calm) fly_calm_air();
 		const double hx = f.dob_x, hy = f.dob_y, hz = f.dob_z;
 		float hq[4] = {f.q[0], f.q[1], f.q[2], f.q[3]};
 		MACIBM_event_proc();

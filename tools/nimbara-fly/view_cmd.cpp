@@ -24,6 +24,7 @@
 int fly_view(int argc, char** argv)
 {
 	double lat = NAN, lon = NAN, alt_ft = NAN, heading = 0, pitch = 0, roll = 0, view = 1525, fov = 45, vis_nm = 25;
+	double kias = 0, baro_inhg = 29.92;
 	int width = 1024, height = 768, year = 2026, month = 6, mday = 21, hh = 19, mm = 0;
 	std::string png_out, tree = fly_default_tree();
 	bool sunglasses = false, night_vision = false, landing_light = false;
@@ -48,6 +49,8 @@ int fly_view(int argc, char** argv)
 		else if (o == "--heading") ok = fly_parse(val, -360, 360, &heading);
 		else if (o == "--pitch") ok = fly_parse(val, -89.9, 89.9, &pitch);
 		else if (o == "--roll") ok = fly_parse(val, -180, 180, &roll);
+		else if (o == "--kias") ok = fly_parse(val, 0, 2000, &kias);
+		else if (o == "--baro-inhg") ok = fly_parse(val, 0, 35, &baro_inhg);
 		else if (o == "--view") ok = fly_parse(val, 1500, 1539, &view);
 		else if (o == "--fov") ok = fly_parse(val, 5, 170, &fov);
 		else if (o == "--vis-nm") ok = fly_parse(val, 0.1, 200, &vis_nm);
@@ -117,6 +120,32 @@ int fly_view(int argc, char** argv)
 		stg.battery = 1;
 		for (float& v : f.ENGN_bat_volt) v = 24.0f;
 	}
+	nav.baro_setting_HG = (float)baro_inhg;
+	// Flight passes with the aircraft held where it was put, flying at the set speed along its
+	// nose in still air, so that the instruments' lags settle on what it is doing.
+	const float q_held[4] = {f.q[0], f.q[1], f.q[2], f.q[3]};
+	auto hold = [&]() {
+		f.dob_lat = lat, f.dob_lon = lon, f.dob_ele = alt_ft * con.fttomtrs;
+		xdob_xyz_with_latlonel(f.dob_x, f.dob_y, f.dob_z, f.dob_lat, f.dob_lon, f.dob_ele);
+		for (int k = 0; k < 4; k++) f.q[k] = q_held[k];
+		f.psi = (float)std::fmod(heading + 360.0, 360.0), f.the = (float)pitch, f.phi = (float)roll;
+		const float tas = (float)kias * con.ktstomsc / std::sqrt(fltmax2(con.lcl_sig, 1e-6f));
+		rot_quat(f.q, 0.0f, 0.0f, -tas, &f.vx, &f.vy, &f.vz);   // along the nose, the aircraft's -z
+		f.P = f.Q = f.R = f.Prad = f.Qrad = f.Rrad = 0.0f;
+		update_derived_flt(0);
+	};
+	const bool settle = view_shows_panel((int)view);
+	auto settle_instruments = [&]() {
+		if (!settle) return;
+		fly_calm_air();
+		for (int n = 0; n < 200; n++) {
+			WORLD_math_all_cases();
+			hold();
+			PLANE_math_in_flight(0);
+		}
+		hold();
+	};
+	settle_instruments();
 	mnw.top_win = 0;
 	glClearColor(1.0f, 0.0f, 1.0f, 1.0f);   // a colour no sky has: any hole in the picture shows it
 	glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
@@ -131,6 +160,7 @@ int fly_view(int argc, char** argv)
 		WORLD_scene_all_cases();
 		mnw.mouse_lifted = 0;
 	}
+	if (!clicks.empty()) settle_instruments();   // what the clicks set, read through the instruments
 	for (int n = 0; n < 30; n++) WORLD_scene_all_cases();
 	glFinish();
 	std::vector<unsigned char> px((size_t)width * height * 4);
