@@ -29,6 +29,8 @@ void surfaces(veh_struct& v, surface out[9])
 	out[8] = {v.flap, v.flap_elR, v.flap_elT};
 }
 
+}  // namespace
+
 void panel_equipment(veh_struct& v)
 {
 	v.has_mixture = v.has_radalt = v.has_hsi = v.has_hdg_set = v.has_radar = v.has_SC_fd = v.has_DC_fd = 0;
@@ -86,6 +88,8 @@ void panel_equipment(veh_struct& v)
 	}
 	for (int g = 0; g < 5; g++) *ctr[g] = cnt[g] ? sum[g] / cnt[g] : 0.0f;
 }
+
+namespace {
 
 void older_file_defaults(veh_struct& v)
 {

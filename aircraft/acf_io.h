@@ -18,6 +18,7 @@ int acf_write_image(const char* path, veh_struct& v, int big_endian);
 // Built by later steps: the old-file reader, the load's defaults and checks, the cockpit object.
 int OLD_IO_acf(int p, veh_struct& v);
 void ACF_autoset(int p);
+void panel_equipment(veh_struct& v);   // what the panel shows the aircraft carries, and where its lever groups stand
 int ACF_check(int p, int is_batch);
 int build_cockpit_object(const char* path);
 int IO_wpn(int IO_type, int p, int w, const char* name, char* scratch, int batch);

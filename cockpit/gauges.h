@@ -22,6 +22,10 @@ void update_eng_asi(int en, int second);
 void update_num_eng(int en);
 void update_sqr_eng(int en);
 void update_econs(int en);
+// A lever's handle between its travel's ends (panel pixels of the instrument) for settings
+// between top_sett and bot_sett, dragged by the mouse within semi_width of x, or with its group.
+void plot_eng_slider(float x, float top_sett, float bot_sett, float top_trav, float bot_trav, float semi_width, int grab_all, float* val,
+                     int han, int num_hans);
 void update_annunciator(int en);
 void update_VOR(int i);
 void update_RMI_ADF();

@@ -75,11 +75,12 @@ bool ret_family(int c, int en, int second, gauge* g)
 		g->val = f.POINT_tac_rad[en] * con.rsctorpm;
 	} else if (in(c, 461, 465) || any(c, {197, 574})) {
 		g->cus_sel = fam_rpm, g->dig_use = 4, g->engine_rpm = true;
-		g->hi = 1.2f * v.RSC_redline_ENGN;
+		g->hi = 1.2f * v.RSC_redline_ENGN * con.rsctorpm;
 		g->val = f.ENGN_tacrad[en] * con.rsctorpm;
 	} else if (c == 322 || c == 323) {   // rotor and engine together: the helicopter's, the gyroplane's
 		g->cus_sel = fam_rpm, g->dig_use = 4, g->engine_rpm = c == 323;
-		g->hi = 1.2f * v.RSC_redline_ENGN;
+		// The helicopter's dial reads in rotor speed, the engine's needle geared down to it.
+		g->hi = 1.2f * (c == 322 ? v.RSC_redline_PROP : v.RSC_redline_ENGN) * con.rsctorpm;
 		g->val = (c == 322 ? f.POINT_tac_rad[en] : f.ENGN_tacrad[en]) * con.rsctorpm;
 	} else if (any(c, {295, 302, 309, 316, 405, 198, 575})) {
 		g->cus_sel = fam_n1, g->hi = 100.0f, g->val = f.ENGN_N1_[en];
@@ -164,7 +165,7 @@ void draw_arcs(const gauge& g, int en, float xc, float yc, float tic)
 		mark(d(v.Vmca_kts), 0.06f, tic - 3.0f, tic + 3.0f, 1);
 		mark(d(v.Vyse_kts), 0.06f, tic - 3.0f, tic + 3.0f, 16);
 	} else if (g.cus_sel == fam_rpm) {
-		const float k = g.engine_rpm ? 1.0f : con.rsctorpm;
+		const float k = con.rsctorpm;   // the speeds are kept in radians a second
 		band((g.engine_rpm ? v.RSC_mingreen_ENGN : v.RSC_mingreen_PROP) * k, (g.engine_rpm ? v.RSC_maxgreen_ENGN : v.RSC_maxgreen_PROP) * k,
 		     tic - 2.0f, tic, 13);
 		mark((g.engine_rpm ? v.RSC_redline_ENGN : v.RSC_redline_PROP) * k, 0.1f, tic - 8.0f, tic, 1);

@@ -163,7 +163,9 @@ TEST_F(Instruments, AMovedSlotMovesItsInstrumentExactlyAndAHalvedOneHalvesIt)
 	ASSERT_TRUE(shot("--alt-ft 3000 --kias 100"));
 	const std::vector<unsigned char> original = px;
 	auto at_in = [&](const std::vector<unsigned char>& v, int x, int y) { return &v[((size_t)(H - 1 - y) * W + x) * 4]; };
-	const std::string moved = own_trainer("ins_x[0] 700\nins_y[0] 200\n");
+	std::string clear_right;   // room at the right of the panel: the engine gauges and the flap and trim controls out
+	for (int n = 8; n < 20; n++) clear_right += "ins_type[" + std::to_string(n) + "] -1\n";
+	const std::string moved = own_trainer(clear_right + "ins_x[0] 880\nins_y[0] 200\n");
 	ASSERT_FALSE(moved.empty());
 	ASSERT_TRUE(shot("--alt-ft 3000 --kias 100" + moved));
 	const std::vector<unsigned char> without_half = px;
@@ -173,18 +175,18 @@ TEST_F(Instruments, AMovedSlotMovesItsInstrumentExactlyAndAHalvedOneHalvesIt)
 	for (int y = -50; y <= 50; y++)
 		for (int x = -50; x <= 50; x++) {
 			if (x * x + y * y > 50 * 50) continue;
-			const unsigned char *a = at_in(original, asi_x + x, top_row_y + y), *b = at(700 + x, 200 + y);
+			const unsigned char *a = at_in(original, asi_x + x, top_row_y + y), *b = at(880 + x, 200 + y);
 			for (int c = 0; c < 3; c++) most = std::max(most, std::abs(a[c] - b[c]));
 			differ += a[0] != b[0] || a[1] != b[1] || a[2] != b[2];
 		}
 	EXPECT_LE(differ, 4);
 	EXPECT_LE(most, 16);
-	const std::string halved = own_trainer("ins_x[0] 700\nins_y[0] 200\nins_type[6] 74\nins_x[6] 850\nins_y[6] 250\nins_size[6] 0.5\n");
+	const std::string halved = own_trainer(clear_right + "ins_x[0] 880\nins_y[0] 200\nins_type[40] 74\nins_x[40] 880\nins_y[40] 330\nins_size[40] 0.5\n");
 	ASSERT_FALSE(halved.empty());
 	ASSERT_TRUE(shot("--alt-ft 3000 --kias 100" + halved));
 	int area = 0, x1 = 9999, x2 = -1, y1 = 9999, y2 = -1;
-	for (int y = 150; y < 350; y++)
-		for (int x = 750; x < 950; x++) {
+	for (int y = 280; y < 380; y++)
+		for (int x = 830; x < 930; x++) {
 			const unsigned char *a = at_in(without_half, x, y), *b = at(x, y);
 			if (a[0] == b[0] && a[1] == b[1] && a[2] == b[2]) continue;
 			area++;
@@ -192,9 +194,9 @@ TEST_F(Instruments, AMovedSlotMovesItsInstrumentExactlyAndAHalvedOneHalvesIt)
 		}
 	const double case_r = 59.5 * 0.5;   // the plate's case, 120 across
 	EXPECT_NEAR(area, M_PI * case_r * case_r, 0.05 * M_PI * case_r * case_r);
-	EXPECT_NEAR((x1 + x2 + 1) * 0.5, 850.0, 1.0);
-	EXPECT_NEAR((y1 + y2 + 1) * 0.5, 250.0, 1.0);
-	const std::vector<spoke> s = spokes(850, 250, 11.0);
+	EXPECT_NEAR((x1 + x2 + 1) * 0.5, 880.0, 1.0);
+	EXPECT_NEAR((y1 + y2 + 1) * 0.5, 330.0, 1.0);
+	const std::vector<spoke> s = spokes(880, 330, 11.0);
 	ASSERT_EQ(s.size(), 1u) << say(s);
 	EXPECT_NEAR(wrap180(s[0].angle - face_angle(100)), 0.0, 3.0);
 }

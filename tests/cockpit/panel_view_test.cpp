@@ -3,6 +3,7 @@
 // aircraft's head-up centre and rises as the projection says when the nose goes down; and
 // each instrument's centre is reported where its slot puts it.
 #include "support/view_shot.h"
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -76,9 +77,9 @@ TEST_F(PanelView, ThePanelHoldsStillWhileTheHorizonMovesWithPitch)
 // where their slots are in a window the size of the panel.
 TEST_F(PanelView, EachInstrumentIsReportedAtItsSlot)
 {
-	const std::string own = own_trainer("ins_type[4] 101\nins_x[4] 300\nins_y[4] 200\nins_size[4] 1\n"
-	                                    "ins_type[9] 94\nins_x[9] 700\nins_y[9] 150\nins_size[9] 0.5\n"
-	                                    "ins_type[12] 7000\nins_x[12] 500\nins_y[12] 100\nins_size[12] 1\n");   // no such instrument
+	const std::string own = own_trainer("ins_type[40] 101\nins_x[40] 300\nins_y[40] 200\nins_size[40] 1\n"
+	                                    "ins_type[41] 94\nins_x[41] 700\nins_y[41] 150\nins_size[41] 0.5\n"
+	                                    "ins_type[42] 7000\nins_x[42] 500\nins_y[42] 100\nins_size[42] 1\n");   // no such instrument
 	ASSERT_FALSE(own.empty());
 	ASSERT_TRUE(panel_at(0, own));
 	std::ifstream in(dir + "log");   // the view's output
@@ -88,24 +89,24 @@ TEST_F(PanelView, EachInstrumentIsReportedAtItsSlot)
 	while (in >> word) {
 		if (word != "ins" || !(in >> slot >> code >> x >> y >> size)) continue;
 		found++;
-		if (slot != 4 && slot != 9 && slot != 12) continue;   // the trainer's own
-		if (slot == 12) {
+		if (slot < 40) continue;   // the trainer's own
+		if (slot == 42) {
 			EXPECT_EQ(code, 7000);
 			continue;
 		}
-		if (slot == 4) {
+		if (slot == 40) {
 			EXPECT_EQ(code, 101);
 			EXPECT_NEAR(x, 300.0, 0.01);
 			EXPECT_NEAR(y, 768.0 - 200.0, 0.01);
 		} else {
-			EXPECT_EQ(slot, 9);
+			EXPECT_EQ(slot, 41);
 			EXPECT_EQ(code, 94);
 			EXPECT_NEAR(x, 700.0, 0.01);
 			EXPECT_NEAR(y, 768.0 - 150.0, 0.01);
 			EXPECT_NEAR(size, 0.5, 1e-6);
 		}
 	}
-	EXPECT_EQ(found, 6 + 11 + 2);   // its six, its switches, and two more slots
+	EXPECT_EQ(found, 20 + 11 + 3);   // its instruments and levers, its switches, and three more slots
 	// The code outside the catalogue is said in the log, and the rest of the panel drawn.
 	std::ifstream err(dir + "tree/Error.out");
 	std::stringstream all;
@@ -113,8 +114,8 @@ TEST_F(PanelView, EachInstrumentIsReportedAtItsSlot)
 	EXPECT_NE(all.str().find("Bad instrument type!"), std::string::npos);
 }
 
-// A click on the landing light's switch turns its lever up and changes nothing else on the
-// panel; a click just outside its box changes nothing at all.
+// A click on the landing light's switch turns its lever up and changes nothing else along the
+// row of switches; a click just outside its box changes nothing at all.
 TEST_F(PanelView, AClickOnASwitchChangesItsPictureAndNothingElse)
 {
 	ASSERT_TRUE(panel_at(0));
@@ -123,7 +124,7 @@ TEST_F(PanelView, AClickOnASwitchChangesItsPictureAndNothingElse)
 	// The panel below the glare shield: the sea behind the windscreen moves on by itself.
 	auto changes = [&](int* inside, int* outside) {
 		*inside = *outside = 0;
-		for (int y = 768 - 380; y < H; y++)
+		for (int y = 768 - 130; y < H; y++)   // the row of switches; the engine's gauges drift on by themselves
 			for (int x = 0; x < W; x++) {
 				const size_t k = ((size_t)y * W + x) * 4;
 				if (px[k] == before[k] && px[k + 1] == before[k + 1] && px[k + 2] == before[k + 2]) continue;
@@ -138,4 +139,22 @@ TEST_F(PanelView, AClickOnASwitchChangesItsPictureAndNothingElse)
 	changes(&inside, &outside);
 	EXPECT_GT(inside, 50);
 	EXPECT_EQ(outside, 0);
+}
+
+// The trainer's throttle knob dragged from idle most of the way up stays where the mouse let
+// go of it: its knob's middle at the release, the lever's travel being 50 either side of 200.
+TEST_F(PanelView, ADragOnTheThrottleLeavesItsKnobWhereTheMouseLetGo)
+{
+	auto knob = [&]() {   // the rows of the knob's dark face beside the track
+		int lo = 9999, hi = -1;
+		for (int y = 130; y <= 270; y++) {
+			const unsigned char* p = at(640 + 8, y);
+			if (p[0] + p[1] + p[2] < 100) lo = std::min(lo, y), hi = std::max(hi, y);
+		}
+		return (lo + hi + 1) * 0.5;
+	};
+	ASSERT_TRUE(panel_at(0, " --drag 640,618,640,538"));   // from the foot (panel 150) to panel 230
+	EXPECT_NEAR(knob(), 230.0, 1.0);
+	ASSERT_TRUE(panel_at(0, " --drag 640,538,640,598"));   // a drag that starts off the knob: panel 230 down to 170
+	EXPECT_NEAR(knob(), 170.0, 1.0);
 }

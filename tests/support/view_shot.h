@@ -33,11 +33,9 @@ struct ViewShot : ::testing::Test {
 		px.assign(PNG_IMAGE_SIZE(img), 0);
 		return png_image_finish_read(&img, nullptr, px.data(), 0, nullptr) != 0;
 	}
-#ifdef NIMBARA_FRAMEWRIGHT
-	// A tree of our own that shares everything with the real one but its aircraft (an aircraft
-	// must lie inside the program's folder): the trainer with the readable lines added. The
-	// arguments that make the view fly it; empty when it could not be built.
-	std::string own_trainer(const std::string& lines)
+	// A tree of our own that shares everything with the real one, so that what the view says
+	// in Error.out is its own; returns its path, with a trailing '/'.
+	std::string own_tree()
 	{
 		const std::string tree = dir + "tree/";
 		std::filesystem::remove_all(tree);
@@ -46,12 +44,21 @@ struct ViewShot : ::testing::Test {
 			if (e.is_directory() && e.path().filename() != "Aircraft") std::filesystem::create_symlink(e.path(), tree + e.path().filename().string());
 		for (const auto& e : std::filesystem::directory_iterator(std::string(NIMBARA_DATA_TREE) + "/Aircraft"))
 			std::filesystem::create_symlink(e.path(), tree + "Aircraft/" + e.path().filename().string());
+		return tree;
+	}
+#ifdef NIMBARA_FRAMEWRIGHT
+	// The trainer with the readable lines added, in a tree of our own (an aircraft must lie
+	// inside the program's folder). The arguments that make the view fly it; empty when it could
+	// not be built.
+	std::string own_trainer(const std::string& lines)
+	{
+		const std::string tree = own_tree();
 		const std::string src = dir + "Plane.txt", acf = tree + "Aircraft/Plane.acf";
 		const std::string dump = std::string(NIMBARA_FRAMEWRIGHT) + " dump \"" + NIMBARA_DATA_TREE + "/Aircraft/General Aviation/Wren 180/Wren 180.acf\" > " + src;
 		if (std::system(dump.c_str()) != 0) return "";
 		std::ofstream(src, std::ios::app) << lines;
 		if (std::system((std::string(NIMBARA_FRAMEWRIGHT) + " build " + src + " " + acf + " > " + dir + "build.log 2>&1").c_str()) != 0) return "";
-		return " --aircraft \"" + acf + "\" --tree \"" + dir + "tree\"";
+		return " --aircraft \"" + acf + "\" --tree \"" + tree + "\"";
 	}
 #endif
 	const unsigned char* at(int x, int y_from_bottom) const { return &px[((size_t)(H - 1 - y_from_bottom) * W + x) * 4]; }

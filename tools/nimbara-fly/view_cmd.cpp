@@ -15,6 +15,7 @@
 #include "render/ogl.h"
 #include "world/HL_WORLD.h"
 #include <GL/gl.h>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -30,6 +31,7 @@ int fly_view(int argc, char** argv)
 	bool sunglasses = false, night_vision = false, landing_light = false;
 	std::string aircraft;
 	std::vector<std::pair<int, int>> clicks;   // picture pixels from the top left
+	std::vector<std::array<int, 4>> drags;      // from, to
 	for (int k = 1; k < argc; k++) {
 		const std::string o = argv[k];
 		if (o == "--sunglasses" || o == "--night-vision" || o == "--landing-light") {
@@ -61,6 +63,11 @@ int fly_view(int argc, char** argv)
 			ok = std::sscanf(val, "%d,%d", &x, &y) == 2;
 			if (ok) clicks.emplace_back(x, y);
 		}
+		else if (o == "--drag") {
+			std::array<int, 4> d;
+			ok = std::sscanf(val, "%d,%d,%d,%d", &d[0], &d[1], &d[2], &d[3]) == 4;
+			if (ok) drags.push_back(d);
+		}
 		else if (o == "--tree") tree = fly_tree_arg(val);
 		else if (o == "--size") ok = std::sscanf(val, "%dx%d", &width, &height) == 2 && width >= 16 && height >= 16 && width <= 4096 && height <= 4096;
 		else if (o == "--date") ok = std::sscanf(val, "%d-%d-%d", &year, &month, &mday) == 3 && month >= 1 && month <= 12 && mday >= 1 && mday <= 31;
@@ -68,9 +75,11 @@ int fly_view(int argc, char** argv)
 		else { std::fprintf(stderr, "nimbara-fly: unknown option '%s'\n", o.c_str()); return 2; }
 		if (!ok) { std::fprintf(stderr, "nimbara-fly: bad value '%s' for %s\n", val, o.c_str()); return 2; }
 	}
-	for (const auto& c : clicks)
+	std::vector<std::pair<int, int>> points = clicks;   // every place the mouse goes must be in the picture
+	for (const auto& d : drags) points.emplace_back(d[0], d[1]), points.emplace_back(d[2], d[3]);
+	for (const auto& c : points)
 		if (c.first < 0 || c.second < 0 || c.first >= width || c.second >= height) {
-			std::fprintf(stderr, "nimbara-fly: --click %d,%d is outside the %dx%d picture\n", c.first, c.second, width, height);
+			std::fprintf(stderr, "nimbara-fly: the mouse at %d,%d is outside the %dx%d picture\n", c.first, c.second, width, height);
 			return 2;
 		}
 	if (std::isnan(lat) || std::isnan(lon) || std::isnan(alt_ft) || png_out.empty()) {
@@ -160,7 +169,22 @@ int fly_view(int argc, char** argv)
 		WORLD_scene_all_cases();
 		mnw.mouse_lifted = 0;
 	}
-	if (!clicks.empty()) settle_instruments();   // what the clicks set, read through the instruments
+	for (const auto& d : drags) {   // a press, the mouse moved over a few frames, a release
+		const int steps = 6;
+		for (int k = 0; k <= steps; k++) {
+			const float t = (float)k / steps;
+			mnw.mx = (int)((d[0] + (d[2] - d[0]) * t) / mnw.xy_scale - mnw.x_off);
+			mnw.my = (int)((height - (d[1] + (d[3] - d[1]) * t)) / mnw.xy_scale);
+			mnw.mouse_clicked = k == 0;
+			mnw.now_dragging = mnw.delay_dragging = 1;
+			WORLD_scene_all_cases();
+		}
+		mnw.mouse_clicked = mnw.now_dragging = mnw.delay_dragging = 0;
+		mnw.mouse_lifted = 1;
+		WORLD_scene_all_cases();
+		mnw.mouse_lifted = 0;
+	}
+	if (!clicks.empty() || !drags.empty()) settle_instruments();   // what the clicks set, read through the instruments
 	for (int n = 0; n < 30; n++) WORLD_scene_all_cases();
 	glFinish();
 	std::vector<unsigned char> px((size_t)width * height * 4);
