@@ -18,6 +18,8 @@ struct scale_steps {
 	float step, modnum, units;
 };
 scale_steps ret_scale_steps(float range);
+// A whole number in the slot's digit sheet (layer 4), centred on (x, y).
+void plot_sheet_number(float x, float y, float val, int lit);
 void update_eng_asi(int en, int second);
 void update_num_eng(int en);
 void update_sqr_eng(int en);

@@ -151,7 +151,9 @@ void update_econs(int en)
 		f.sbrk_rqst = fltlim(std::round(f.sbrk_rqst * 2.0f) * 0.5f, v.sbrk_on_td_EQ ? -0.5f : 0.0f, 1.0f);   // detents every half
 		break;
 	case 61: plot_eng_slider(0.0f, 1.0f, 0.0f, y2, y1, 15.0f, 0, &f.disp_rat, 0, 2); break;
-	case 59:   // the marker where the nozzles are, the lever where they are asked to go
+	case 59:   // the vector's limits over the track, the marker where the nozzles are, the lever where they are asked to go
+		plot_sheet_number(-1.0f, cus_dat_4[c], v.vect_min_disc, 0);
+		plot_sheet_number(-1.0f, cus_dat_3[c], v.vect_max_disc, 0);
 		plot_ins_overlay(-1.0f, interp(0.0f, y1, 1.0f, y2, f.vect_rat, 0), 0.0f, 2, 3, 0, 0, 1);
 		plot_eng_slider(-1.0f, 0.0f, 1.0f, y2, y1, 15.0f, 0, &f.vect_rqst, 0, 3);
 		break;

@@ -174,6 +174,14 @@ void draw_arcs(const gauge& g, int en, float xc, float yc, float tic)
 
 }  // namespace
 
+void plot_sheet_number(float x, float y, float val, int lit)
+{
+	if (!ins_bind(4, lit)) return;
+	glBegin(GL_QUADS);
+	emit_scale_number(x, y, val, 10.0f, 1.0f);
+	glEnd();
+}
+
 float asi_to_ang(int code, float v)
 {
 	struct curve { float v1, v2, v3, p1, r1, p2, r2, p3, r3; };

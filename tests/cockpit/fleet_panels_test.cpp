@@ -102,30 +102,6 @@ struct Fleet : ViewShot {
 		errors = all.str();
 		return true;
 	}
-	// The needle's angle on a dial: the middle of the bright run crossing the circle.
-	std::vector<double> needles(const slot& s, double r) const
-	{
-		const int n = 1440;
-		std::vector<int> bright(n);
-		for (int k = 0; k < n; k++) {
-			const double a = k * 360.0 / n * M_PI / 180.0;
-			const int x = (int)std::floor(s.x + r * std::sin(a)), y = (int)std::floor(H - s.y + r * std::cos(a));
-			const unsigned char* p = at(x, y);
-			bright[k] = p[0] + p[1] + p[2] > 300;
-		}
-		int start = 0;
-		while (start < n && bright[start]) start++;
-		std::vector<double> out;
-		for (int i = 0; i < n; i++) {
-			const int k = (start + i) % n;
-			if (!bright[k]) continue;
-			int len = 0;
-			while (len < n && bright[(k + len) % n]) len++;
-			out.push_back(std::fmod((k + (len - 1) * 0.5) * 360.0 / n, 360.0));
-			i += len;
-		}
-		return out;
-	}
 };
 
 }  // namespace
@@ -164,9 +140,9 @@ TEST_F(Fleet, EveryAirspeedNeedleReadsTheSetSpeedAcrossItsRange)
 			} else {
 				want = (kias - a.lo_kts) / (hi - a.lo_kts) * 330.0;
 			}
-			const std::vector<double> s = needles(*asi, 20.0 * asi->size);
+			const std::vector<spoke> s = spokes(asi->x, H - asi->y, 20.0 * asi->size);
 			ASSERT_EQ(s.size(), 1u) << a.file << " at " << kias;
-			EXPECT_NEAR(std::remainder(s[0] - want, 360.0), 0.0, 2.0 / asi->size) << a.file << " at " << kias;
+			EXPECT_NEAR(std::remainder(s[0].angle - want, 360.0), 0.0, 2.0 / asi->size) << a.file << " at " << kias;
 		}
 	}
 }

@@ -25,14 +25,10 @@ double face_angle(double v)
 
 double wrap180(double a) { return std::remainder(a, 360.0); }
 
-struct spoke {
-	double angle, width_px;
-};
-
-std::string say(const std::vector<spoke>& s)
+std::string say(const std::vector<ViewShot::spoke>& s)
 {
 	std::string out;
-	for (const spoke& k : s) out += " " + std::to_string(k.angle) + "/" + std::to_string(k.width_px);
+	for (const ViewShot::spoke& k : s) out += " " + std::to_string(k.angle) + "/" + std::to_string(k.width_px);
 	return out;
 }
 
@@ -40,34 +36,6 @@ struct Instruments : ViewShot {
 	bool shot(const std::string& more)
 	{
 		return shoot("--panel --lat 32.5 --lon -120 --heading 225 --vis-nm 200 --time-utc 19:00 " + more, "1024x768");
-	}
-	// The white needles crossing the circle of radius r round (cx, cy): runs of bright samples,
-	// each its middle angle (clockwise from up) and its width across; angles in skip_lo..skip_hi
-	// are passed over.
-	std::vector<spoke> spokes(int cx, int cy, double r, double skip_lo = 0, double skip_hi = 0) const
-	{
-		const int n = 1440;
-		std::vector<int> bright(n);
-		for (int k = 0; k < n; k++) {
-			const double a = k * 360.0 / n, rad = a * M_PI / 180.0;
-			// The pixel that covers the point: pixel k spans k to k + 1 of the panel.
-			const int x = (int)std::floor(cx + r * std::sin(rad)), y = (int)std::floor(cy + r * std::cos(rad));
-			const unsigned char* p = at(x, y);
-			bright[k] = p[0] + p[1] + p[2] > 300 && !(a > skip_lo && a < skip_hi);
-		}
-		int start = 0;
-		while (start < n && bright[start]) start++;   // begin in the dark so no run is cut in two
-		std::vector<spoke> out;
-		for (int i = 0; i < n; i++) {
-			const int k = (start + i) % n;
-			if (!bright[k]) continue;
-			int len = 0;
-			while (len < n && bright[(k + len) % n]) len++;
-			const double mid = (k + (len - 1) * 0.5) * 360.0 / n;
-			out.push_back({std::fmod(mid, 360.0), len * 360.0 / n * M_PI / 180.0 * r});
-			i += len;
-		}
-		return out;
 	}
 	// The horizon in the attitude indicator's window: down each column the middle between the
 	// last sky and the ground below it, and the line through those middles, as its slope

@@ -1,6 +1,7 @@
 // A picture taken through nimbara-fly view, for tests that look at what the frame drew.
 #pragma once
 #include <png.h>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -62,6 +63,36 @@ struct ViewShot : ::testing::Test {
 	}
 #endif
 	const unsigned char* at(int x, int y_from_bottom) const { return &px[((size_t)(H - 1 - y_from_bottom) * W + x) * 4]; }
+	// The white needles crossing the circle of radius r round (cx, cy), panel pixels from the
+	// bottom left: runs of bright samples, each its middle angle (degrees clockwise from up) and
+	// its width across; angles between skip_lo and skip_hi are passed over.
+	struct spoke {
+		double angle, width_px;
+	};
+	std::vector<spoke> spokes(double cx, double cy, double r, double skip_lo = 0, double skip_hi = 0) const
+	{
+		const int n = 1440;
+		std::vector<int> bright(n);
+		for (int k = 0; k < n; k++) {
+			const double a = k * 360.0 / n, rad = a * M_PI / 180.0;
+			// The pixel that covers the point: pixel k spans k to k + 1 of the panel.
+			const int x = (int)std::floor(cx + r * std::sin(rad)), y = (int)std::floor(cy + r * std::cos(rad));
+			const unsigned char* p = at(x, y);
+			bright[k] = p[0] + p[1] + p[2] > 300 && !(a > skip_lo && a < skip_hi);
+		}
+		int start = 0;
+		while (start < n && bright[start]) start++;   // begin in the dark so no run is cut in two
+		std::vector<spoke> out;
+		for (int i = 0; i < n; i++) {
+			const int k = (start + i) % n;
+			if (!bright[k]) continue;
+			int len = 0;
+			while (len < n && bright[(k + len) % n]) len++;
+			out.push_back({std::fmod((k + (len - 1) * 0.5) * 360.0 / n, 360.0), len * 360.0 / n * M_PI / 180.0 * r});
+			i += len;
+		}
+		return out;
+	}
 	int holes() const
 	{
 		int n = 0;
