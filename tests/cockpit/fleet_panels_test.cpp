@@ -86,9 +86,9 @@ struct Fleet : ViewShot {
 	bool fly(const aircraft& a, double kias)
 	{
 		const std::string tree = own_tree();
-		char args[400];
-		std::snprintf(args, sizeof args, "--panel --lat 32.5 --lon -120 --heading 225 --alt-ft 3000 --kias %g --aircraft \"%sAircraft/%s\" --tree \"%s\"", kias,
-		              tree.c_str(), a.file, tree.c_str());
+		// The tree's path is as long as the build's folder makes it: no fixed buffer.
+		const std::string args = "--panel --lat 32.5 --lon -120 --heading 225 --alt-ft 3000 --kias " + std::to_string(kias) + " --aircraft \"" + tree +
+		                         "Aircraft/" + a.file + "\" --tree \"" + tree + "\"";
 		if (!shoot(args, "1024x768")) return false;
 		slots.clear();
 		std::ifstream in(dir + "log");
