@@ -10,6 +10,7 @@
 #include "core/HL_TYPES.h"
 #include "core/files.h"
 #include "platform/plat.h"
+#include <GL/gl.h>
 #include <cstdio>
 #include <cmath>
 
@@ -51,6 +52,16 @@ void load_sky_textures()
 	}
 }
 
+// The fixed textures are loaded again only when the texture resolution or the planet changed,
+// or the context no longer holds them: this is asked every flight pass while the world shows.
+int sky_loaded_res = -1, sky_loaded_planet = -1;
+bool sky_held = false;   // the first of them was in the context after the load
+
+bool sky_textures_stale()
+{
+	return sky_loaded_res != mnw.tex_res || sky_loaded_planet != env.planet || (sky_held && !glIsTexture(223));
+}
+
 void load_stars()
 {
 	const std::string path = (env.planet == 1 ? man_path : ean_path) + "astro.dat";
@@ -64,7 +75,12 @@ void init_world_rendering(int init_type)
 {
 	if (init_type == 0) view_defaults();
 	if (init_type == 1) load_stars();
-	if (init_type == 2 && plat_has_gl()) load_sky_textures();
+	if (init_type == 2 && plat_has_gl() && sky_textures_stale()) {
+		load_sky_textures();
+		sky_loaded_res = mnw.tex_res;
+		sky_loaded_planet = env.planet;
+		sky_held = glIsTexture(223);
+	}
 	if (init_type == 0 || init_type == 3) load_sky_colours(env.planet);   // the planet's sky and light tables
 	if (init_type == 0 && read_land_use()) check_land_textures();
 	if (init_type == 4) {

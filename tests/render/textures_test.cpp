@@ -334,3 +334,37 @@ TEST_F(Textures, CorruptImagesNeverCrashAndLeaveLoadedTexturesAlone)
 	ASSERT_EQ(after.px.size(), before.px.size());
 	EXPECT_EQ(std::memcmp(after.px.data(), before.px.data(), after.px.size() * 4), 0);
 }
+
+// The sky's fixed textures are asked for on every flight pass while the world shows: they load
+// once, and again only for a new texture resolution, another planet or a fresh context.
+TEST_F(Textures, TheSkysFixedTexturesLoadOnceUntilResolutionPlanetOrContextChange)
+{
+	std::filesystem::create_directories(dir + "world");
+	ASSERT_TRUE(write_png(dir + "world/static.png", pattern(64, 64, true), png_rgba, 0.0));
+	auto mark = [&]() {   // a texel of our own, which only a reload replaces
+		const unsigned char red[4] = {255, 0, 0, 255};
+		glBindTexture(GL_TEXTURE_2D, 223);
+		glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, red);
+	};
+	auto marked = [&]() {
+		const rgba c = texels(223).at(0, 0);
+		return c.r == 255 && c.g == 0 && c.b == 0;
+	};
+	init_world_rendering(2);
+	ASSERT_TRUE(glIsTexture(223));
+	ASSERT_FALSE(marked());
+	mark();
+	for (int n = 0; n < 3; n++) init_world_rendering(2);
+	EXPECT_TRUE(marked());
+	mnw.tex_res = 3;
+	init_world_rendering(2);
+	EXPECT_FALSE(marked());
+	mark();
+	env.planet = 1;
+	init_world_rendering(2);
+	EXPECT_FALSE(marked());
+	plat_offscreen_close();
+	ASSERT_TRUE(plat_offscreen_open(64, 64)) << plat_offscreen_error();
+	init_world_rendering(2);
+	EXPECT_TRUE(glIsTexture(223));
+}
