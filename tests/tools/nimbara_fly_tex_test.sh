@@ -3,7 +3,7 @@
 # PNG and BMP, a composed panel, a cut file refused with its alert, and no display refused.
 set -u
 if [ -z "${NIMBARA_IN_XVFB:-}" ]; then
-	NIMBARA_IN_XVFB=1 exec timeout 240 xvfb-run -a -s "-screen 0 640x480x24" bash "$0" "$@"
+	NIMBARA_IN_XVFB=1 exec timeout 240 "$(dirname "$0")/../support/xvfb_run.sh" bash "$0" "$@"
 fi
 fly=$1
 pngmake=$2

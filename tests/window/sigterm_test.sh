@@ -3,14 +3,22 @@
 # SIGTERM to the simulator itself (not to the wrapper) and checks that it finishes
 # normally within 20 s, leaving its three logs.
 set -u
-exe=$1
-cd "$(dirname "$exe")" || exit 1
-rm -f Error.out Data.out Nimbara.out nimbara.pid nimbara.status
+# A folder of its own that shares the data tree, so that the logs read here are this run's and
+# not those of another test's run beside it.
+tree=$(dirname "$1")
+own=$(mktemp -d) || exit 1
+trap 'rm -rf "$own"' EXIT
+for e in "$tree"/*; do
+	case $(basename "$e") in Error.out | Data.out | Nimbara.out | nimbara*) ;; *) ln -s "$e" "$own/" ;; esac
+done
+cp "$1" "$own/" || exit 1
+exe=$own/$(basename "$1")
+cd "$own" || exit 1
 # The software renderer compiles its shaders with a JIT whose unwind tables deadlock the
 # sanitizer's slow unwinding, and the driver is unloaded before a leak check could name
 # its frames: leaks are not checked in the windowed process.
 export ASAN_OPTIONS=detect_leaks=0
-timeout 60 xvfb-run -a -s "-screen 0 1280x1024x24" \
+XVFB_SCREEN=1280x1024x24 timeout 60 "$(dirname "$0")/../support/xvfb_run.sh" \
 	sh -c '"$1" > nimbara.stdout 2>&1 & echo $! > nimbara.pid; wait $!; echo $? > nimbara.status' sh "$exe" &
 wrapper=$!
 fail() { echo "FAIL: $*"; cat nimbara.stdout 2>/dev/null | tail -40; kill "$wrapper" 2>/dev/null; exit 1; }
