@@ -75,7 +75,7 @@ const aircraft fleet[] = {
 	 0, 130, 0},
 	{"Heavy Metal/Meridian 320/Meridian 320.acf",
 	 {{"airspeed", 1}, {"altimeter", 1}, {"compass", 1}, {"oil pressure", 2}, {"oil temperature", 2}, {"fuel quantity", 1}, {"attitude", 1},
-	  {"HSI", 1}, {"clock", 1}, {"N1", 2}, {"N2", 2}, {"EGT", 2}, {"fuel flow", 2}, {"gear handle", 1}, {"gear light", 3}, {"flap handle", 1},
+	  {"HSI", 1}, {"clock", 1}, {"N1", 2}, {"N2", 2}, {"EGT", 2}, {"fuel flow", 2}, {"throttle", 2}, {"gear handle", 1}, {"gear light", 3}, {"flap handle", 1},
 	  {"flap indicator", 1}, {"speedbrake", 1}, {"warning light", 2}},
 	 105, 350, 100},
 };
