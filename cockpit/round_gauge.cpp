@@ -36,6 +36,14 @@ struct gauge {
 
 float ret_kts_to_display(float kts) { return veh[0].asi_is_kts ? kts : kts * 1.150779f; }   // faces in miles an hour
 
+// The barber pole's speed on the face: the lesser of Vne and the Mach limit at this height.
+float ret_barber_pole()
+{
+	const veh_struct& v = veh[0];
+	const float mmo_kts = v.Mmo * con.lcl_a * std::sqrt(std::max(con.lcl_sig, 0.0f)) * con.msctokts;
+	return ret_kts_to_display(std::min(mmo_kts, v.Vne_kts));
+}
+
 // Fuel flow at full power in pounds an hour, from the specific consumption and the rating.
 float ret_ff_max_lbh(int en)
 {
@@ -293,9 +301,8 @@ void update_eng_asi(int en, int second)
 	}
 	if (in(c, 74, 79) || c == 527) {
 		const float ang = asi_to_ang(c, g.val);
-		if (v.Mmo > 0.0f) {   // the barber pole: the lesser of Vne and the Mach limit here
-			const float mmo_kts = v.Mmo * con.lcl_a * std::sqrt(std::max(con.lcl_sig, 0.0f)) * con.msctokts;
-			plot_ins_overlay(xc, yc, asi_to_ang(c, ret_kts_to_display(std::min(mmo_kts, v.Vne_kts))), 1, 3, 0, 1, 2);
+		if (v.Mmo > 0.0f) {
+			plot_ins_overlay(xc, yc, asi_to_ang(c, ret_barber_pole()), 1, 3, 0, 1, 2);
 			plot_ins_overlay(xc, yc, ang, 0, 3, 0, 1, 2);
 		} else {
 			plot_ins_overlay(xc, yc, ang, 0, 1, 0, 1, 2);
@@ -304,9 +311,7 @@ void update_eng_asi(int en, int second)
 	}
 	const float ang = val_to_ang(s, g.lo, g.lo_ang, g.hi, g.hi_ang, en, g.val);
 	if (is_asi && v.Mmo > 0.0f && s == fam_asi) {
-		const float mmo_kts = v.Mmo * con.lcl_a * std::sqrt(std::max(con.lcl_sig, 0.0f)) * con.msctokts;
-		const float pole = val_to_ang(s, g.lo, g.lo_ang, g.hi, g.hi_ang, en, ret_kts_to_display(std::min(mmo_kts, v.Vne_kts)));
-		plot_ins_overlay(xc, yc, pole, 1, 3, 0, 1, 2);
+		plot_ins_overlay(xc, yc, val_to_ang(s, g.lo, g.lo_ang, g.hi, g.hi_ang, en, ret_barber_pole()), 1, 3, 0, 1, 2);
 		plot_ins_overlay(xc, yc, ang, 0, 3, 0, 1, 2);
 		return;
 	}

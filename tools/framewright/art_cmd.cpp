@@ -166,7 +166,7 @@ bool draw(canvas& c, const std::string& op, std::istringstream& ss, std::string*
 		cairo_fill(c.cr);
 	} else if (op == "ticks") {   // ticks X Y R_IN R_OUT WIDTH A0 A1 STEP R G B: radial marks every STEP degrees
 		if (!need(v, 11)) return false;
-		if (v[7] <= 0) { *why = "ticks needs a step above 0"; return false; }
+		if (v[7] <= 0 || (v[6] - v[5]) / v[7] > 10000) { *why = "ticks needs a step above 0 and at most 10000 marks"; return false; }
 		c.colour(v[8], v[9], v[10]);
 		cairo_set_line_width(c.cr, v[4]);
 		for (double ang = v[5]; ang <= v[6] + 1e-6; ang += v[7]) {
